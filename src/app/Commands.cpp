@@ -1,0 +1,63 @@
+#include "app/Commands.h"
+
+#include <array>
+
+namespace zonara {
+
+namespace {
+
+// clang-format off
+constexpr std::array commandTable = {
+    Subcommand{"now", "",
+        "the four clock slots' local times",
+        "Shows the local time of the four clock slots of the settings; * marks the\n"
+        "selected slot. Times follow the 24-hour setting.\n"
+        "With --tsv: slot, city, country, date, time, weekday (0 Sunday), offset,\n"
+        "daylight-saving state (-1 none, 0 standard, 1 daylight), zone.\n",
+        runNow},
+    Subcommand{"time", "CITY [--country NAME] | --all",
+        "the local time of any city",
+        "Shows the local time of CITY (the first city of that exact name, or the\n"
+        "one in the country NAME), or with --all of every city, in the columns of\n"
+        "'zonara now'. A name that matches nothing lists names close to it.\n",
+        runTime},
+    Subcommand{"cities", "[--country NAME]",
+        "the countries, or the cities of one country",
+        "Lists the countries of the world files, or with --country the cities of\n"
+        "that country, in file order.\n",
+        runCities},
+    Subcommand{"slot", "N CITY [--country NAME]",
+        "put a city into clock slot N (0-3)",
+        "Assigns CITY to clock slot N (0 to 3) and saves the settings, as choosing\n"
+        "a city in the window does.\n",
+        runSlot},
+    Subcommand{"settings", "[--set NAME=VALUE]...",
+        "show or change the settings",
+        "Shows the settings. Each --set changes one value and the settings are\n"
+        "saved; if any value is wrong nothing changes. Names and values:\n"
+        "  use24Hour=0|1  currentView=0|1|2 (full clock, globe, multi clock)\n"
+        "  selectedSlot=0..3  skinFile=NAME  useCelsius=0|1  useMillibar=0|1\n",
+        runSettings},
+    Subcommand{"skins", "",
+        "the full-clock skins for the screen size",
+        "Lists the skins that have a scheme file (Graphics/NAME_WxH.xml) for the\n"
+        "screen size of --screen (default 480x640), in file-name order; * marks the\n"
+        "current skin of the settings. With --tsv: skin, current (0 or 1).\n",
+        runSkins},
+};
+// clang-format on
+
+} // namespace
+
+std::span<const Subcommand> subcommands() { return commandTable; }
+
+const Subcommand* findSubcommand(std::string_view name) {
+    for (const Subcommand& command : commandTable) {
+        if (command.name == name) {
+            return &command;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace zonara
