@@ -44,6 +44,20 @@ constexpr std::array commandTable = {
         "screen size of --screen (default 480x640), in file-name order; * marks the\n"
         "current skin of the settings. With --tsv: skin, current (0 or 1).\n",
         runSkins},
+    Subcommand{"sun", "CITY [--country NAME] [--date YYYY-MM-DD]",
+        "sunrise and sunset of a city",
+        "Shows sunrise and sunset of CITY on the date (default: today's UTC date) in\n"
+        "UT and in the city's local time (24-hour). A day without sunrise or sunset\n"
+        "shows 'Up all day' or 'Down all day'.\n"
+        "With --tsv: city, country, date, sunrise UT, sunset UT (HH:MM:SS),\n"
+        "sunrise local, sunset local (HH:MM).\n",
+        runSun},
+    Subcommand{"moon", "[--date YYYY-MM-DD]",
+        "the moon's phase",
+        "Shows the moon's phase on the date (default: today's UTC date) as an index\n"
+        "from 0 (new moon) through 4 (full moon) to 7, and its name.\n"
+        "With --tsv: date, index.\n",
+        runMoon},
 };
 // clang-format on
 

@@ -14,6 +14,8 @@ int runCities(CommandContext& ctx, Args& args);
 int runSlot(CommandContext& ctx, Args& args);
 int runSettings(CommandContext& ctx, Args& args);
 int runSkins(CommandContext& ctx, Args& args);
+int runSun(CommandContext& ctx, Args& args);
+int runMoon(CommandContext& ctx, Args& args);
 
 std::span<const Subcommand> subcommands();
 const Subcommand* findSubcommand(std::string_view name);
