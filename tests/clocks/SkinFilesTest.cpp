@@ -23,13 +23,6 @@ TEST(SkinFilesTest, SchemeFileNamesFollowTheScreen) {
     EXPECT_EQ(previewSchemeFile(paths, "night", 480, 480).filename(), "night_480x480.xml");
 }
 
-TEST(SkinFilesTest, SkinNamesAreCutAtTheLastUnderscore) {
-    EXPECT_EQ(skinNameOf("default.xml_240x320.xml"), "default.xml");
-    EXPECT_EQ(skinNameOf("my_skin_240x320.xml"), "my_skin");
-    EXPECT_EQ(skinNameOf("_240x320.xml"), "");
-    EXPECT_EQ(skinNameOf("plain"), "plain");
-}
-
 TEST(SkinFilesTest, TheLastExactMatchIsSelected) {
     const std::vector<std::string> names = {"blue", "default.xml", "blue", "Red"};
     EXPECT_EQ(selectedSkin(names, "blue"), 2u);
