@@ -17,7 +17,9 @@ enum class SunEvent : std::int32_t { Sunrise = 0, Sunset = 1 };
 // as a tiny negative number, the sign of the cosine's numerator decides instead, so the
 // pole gets the state the sun's altitude gives. A cosine that is not a number (only
 // non-finite coordinates produce one) counts as PolarNight. Every day with a cosine in
-// [-1, 1] gives exactly the published time.
+// [-1, 1] gives exactly the published time. Sunrise and sunset are worked out for 6 h
+// and 18 h local mean time, so on the first or last day of a polar night or day one of
+// them can have a time while the other is polar.
 enum class SunEventState : std::int32_t { Occurs, PolarDay, PolarNight };
 
 // A time of day in UT; hour 0..23, minute and second 0..59.
