@@ -1,0 +1,40 @@
+#pragma once
+// The analogue clock window: the owner's background under hands drawn off-screen.
+
+#include <QImage>
+#include <QPoint>
+#include <QWidget>
+
+#include "clocks/AnalogueClock.h"
+
+namespace zonara {
+
+class CAnalogueClock : public QWidget {
+    Q_OBJECT
+  public:
+    // Starts at the current UTC time on the 12-hour dial until the owner sets one.
+    explicit CAnalogueClock(QWidget* parent = nullptr);
+
+    AnalogueClock& engine() { return clock; }
+    const AnalogueClock& engine() const { return clock; }
+
+    // The owner's picture (shared, not copied) and this window's left and top in it.
+    void setBackground(const QImage& picture, QPoint offset);
+    void setTime(int hour, int minute, int second);
+    void hideSeconds(bool hide);
+
+    // Draws background and hands into the off-screen buffer and returns it.
+    const QImage& render();
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    AnalogueClock clock;
+    QImage background;
+    QPoint backgroundOffset;
+    QImage buffer;
+};
+
+} // namespace zonara

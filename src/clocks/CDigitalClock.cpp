@@ -1,0 +1,113 @@
+#include "clocks/CDigitalClock.h"
+
+#include <QFontMetrics>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QPolygon>
+
+#include "clocks/QImageSurface.h"
+
+namespace zonara {
+
+namespace {
+
+QColor toQColor(ColorRef colour) {
+    return QColor(toQRgb(colour));
+}
+
+QRect toQRect(const PixelRect& r) {
+    return QRect(r.left, r.top, r.width(), r.height());
+}
+
+} // namespace
+
+QFont amPmFontFace() {
+    QFont font(QStringLiteral("DejaVu Sans"));
+    font.setWeight(QFont::Normal);
+    // A handheld's small bitmap face has no grey edges, and is narrow enough
+    // for "AM" to fit the pair's 12-pixel box.
+    font.setStyleStrategy(QFont::NoAntialias);
+    font.setStretch(QFont::Condensed);
+    // The handheld's font is asked for by a cell height of 10 pixels.
+    int pixels = 10;
+    font.setPixelSize(pixels);
+    while (pixels > 6 && QFontMetrics(font).height() > 10)
+        font.setPixelSize(--pixels);
+    return font;
+}
+
+CDigitalClock::CDigitalClock(QWidget* parent) : QWidget(parent), amPmFont(amPmFontFace()) {}
+
+void CDigitalClock::setColours(const DigitalClockColours& colours) {
+    clock.setColours(colours);
+    update();
+}
+
+void CDigitalClock::setTime(int hour, int minute, int second) {
+    clock.setTime(hour, minute, second);
+    update();
+}
+
+void CDigitalClock::setFlags(std::uint32_t flags) {
+    clock.setFlags(flags);
+    // Without the erase the owner's background shows through.
+    setAttribute(Qt::WA_OpaquePaintEvent, clock.erasesBackground());
+    update();
+}
+
+void CDigitalClock::setUse24Hour(bool use24Hour) {
+    clock.setUse24Hour(use24Hour);
+    update();
+}
+
+void CDigitalClock::renderTo(QImage& target) const {
+    QPainter painter(&target);
+    paintFace(painter);
+}
+
+void CDigitalClock::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    paintFace(painter);
+}
+
+void CDigitalClock::paintFace(QPainter& painter) const {
+    const DigitalClockColours& colours = clock.colours();
+    if (clock.erasesBackground())
+        painter.fillRect(rect(), toQColor(colours.backFill));
+
+    const QBrush onBrush(toQColor(colours.fillOn));
+    const QBrush offBrush(toQColor(colours.fillOff));
+    const QPen onPen(toQColor(colours.borderOn), 1);
+    const QPen offPen(toQColor(colours.borderOff), 1);
+
+    const DigitalClockFace face = clock.face(width(), height());
+    for (const SegmentShape& segment : face.segments) {
+        painter.setBrush(segment.lit ? onBrush : offBrush);
+        painter.setPen(segment.lit ? onPen : offPen);
+        QPolygon polygon;
+        for (const PixelPoint& p : segment.points)
+            polygon << QPoint(p.x, p.y);
+        painter.drawPolygon(polygon);
+    }
+    painter.setBrush(onBrush);
+    painter.setPen(onPen);
+    for (const ColonDot& dot : face.dots)
+        painter.drawEllipse(toQRect(dot.bounds()));
+
+    if (face.texts.empty())
+        return;
+    painter.save();
+    painter.setFont(amPmFont);
+    painter.setBackgroundMode(Qt::OpaqueMode);
+    painter.setBackground(toQColor(colours.backFill));
+    for (const AmPmText& text : face.texts) {
+        const QRect box = toQRect(text.rect);
+        painter.setPen(toQColor(text.lit ? colours.fillOn : colours.fillOff));
+        // The text is cut at its box, as a narrow handheld face would fit it.
+        painter.setClipRect(box);
+        painter.drawText(box, Qt::AlignLeft | Qt::AlignTop, QString::fromStdString(text.text));
+    }
+    painter.restore();
+}
+
+} // namespace zonara
