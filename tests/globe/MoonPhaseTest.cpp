@@ -49,14 +49,5 @@ TEST(MoonPhaseIndex, HandlesTheYearTurnAndDatesBeforeTheReference) {
     }
 }
 
-TEST(MoonPhaseName, NamesEachStep) {
-    EXPECT_EQ(moonPhaseName(0), "New moon");
-    EXPECT_EQ(moonPhaseName(2), "First quarter");
-    EXPECT_EQ(moonPhaseName(4), "Full moon");
-    EXPECT_EQ(moonPhaseName(7), "Waning crescent");
-    EXPECT_EQ(moonPhaseName(8), "");
-    EXPECT_EQ(moonPhaseName(-1), "");
-}
-
 } // namespace
 } // namespace zonara

@@ -71,6 +71,14 @@ TEST(SunGreenwichHourAngle, CarriesTheEquationOfTime) {
         EXPECT_NEAR(SunGreenwichHourAngle(r.day, r.month, r.year, r.hours), r.expected, 1e-9)
             << r.day << "." << r.month << "." << r.year;
     }
+    // At 12:00:03.05 UT on 15 Apr 2006 the equation of time (-3.05 s) cancels the
+    // 0.0127 deg the hour adds: the sum is exactly 360, which stays 360, while the
+    // double before that hour gives just under it.
+    const double exact = 12.000846864902629;
+    EXPECT_EQ(SunGreenwichHourAngle(15, 4, 2006, exact), 360.0);
+    const double before = SunGreenwichHourAngle(15, 4, 2006, std::nextafter(exact, 0.0));
+    EXPECT_LT(before, 360.0);
+    EXPECT_GT(before, 359.9);
     // Over a year of days and hours the angle stays in (0, 360] and grows 15 deg an hour.
     for (int month = 1; month <= 12; ++month) {
         for (double hours = 0; hours < 24; hours += 0.25) {
