@@ -1,0 +1,1 @@
+"""Generator of Zonara's shipped world files from public data sets."""

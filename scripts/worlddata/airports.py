@@ -1,0 +1,86 @@
+"""A city's passenger airport code and its weather station code."""
+
+import re
+
+from .sources import distance_km, fold
+
+ICAO = re.compile(r"^[A-Z]{4}$")
+IATA = re.compile(r"^[A-Z]{3}$")
+
+
+class AirportIndex:
+    def __init__(self, rows):
+        self.rows = []
+        for row in rows:
+            self.rows.append({
+                "iata": row.get("iata_code", "") if IATA.match(row.get("iata_code", "")) else "",
+                "icao": self._icao(row),
+                "large": row["type"] == "large_airport",
+                "scheduled": row.get("scheduled_service") == "yes",
+                "international": "international" in row["name"].casefold(),
+                "town": fold(row.get("municipality", "")),
+                "keywords": {fold(k) for k in row.get("keywords", "").split(",")},
+                "country": row["iso_country"],
+                "lat": float(row["latitude_deg"]),
+                "lon": float(row["longitude_deg"]),
+                "name": row["name"],
+            })
+        self.rows.sort(key=lambda r: (r["lat"], r["lon"], r["iata"], r["icao"]))
+
+    @staticmethod
+    def _icao(row):
+        for code in (row.get("icao_code", ""), row.get("gps_code", ""), row.get("ident", "")):
+            if code and ICAO.match(code):
+                return code
+        return ""
+
+    def _near(self, lat, lon, km):
+        box = km / 111.0 + 0.01
+        for row in self.rows:
+            if abs(row["lat"] - lat) <= box:
+                d = distance_km(lat, lon, row["lat"], row["lon"])
+                if d <= km:
+                    yield d, row
+
+    def _nearest(self, lat, lon, wanted):
+        for km in (50, 150, 400, 1500, 20000):
+            found = [(d, r) for d, r in self._near(lat, lon, km) if wanted(r)]
+            if found:
+                return min(found, key=lambda x: (x[0], x[1]["iata"], x[1]["icao"]))[1]
+        return None
+
+    def passenger_airport(self, names, lat, lon):
+        """The airport row a city flies from: one of its own (scheduled flights,
+        its town the city's name, else one of its other names, else a keyword)
+        preferring large, then the closer name, then international, then near
+        ones; else a large one close by; else the nearest with a code."""
+        towns = [fold(n) for n in names]
+
+        def ownership(row):
+            if row["town"] == towns[0]:
+                return 0
+            if row["town"] in towns:
+                return 1
+            return 2 if any(t in row["keywords"] for t in towns) else 3
+
+        own = [(ownership(r), d, r) for d, r in self._near(lat, lon, 60)
+               if r["iata"] and r["scheduled"]]
+        own = [x for x in own if x[0] < 3]
+        if own:
+            return min(own, key=lambda x: (not x[2]["large"], x[0], not x[2]["international"],
+                                           x[1]))[2]
+        close = [(d, r) for d, r in self._near(lat, lon, 30) if r["iata"] and r["scheduled"]]
+        if close:
+            return min(close, key=lambda x: (not x[1]["large"], x[0]))[1]
+        return self._nearest(lat, lon, lambda r: r["iata"] and r["scheduled"]) or \
+            self._nearest(lat, lon, lambda r: r["iata"])
+
+    def station(self, lat, lon):
+        """The nearest airport with scheduled flights and a four-letter code (its
+        weather station), else the nearest airfield with one."""
+        row = self._nearest(lat, lon, lambda r: r["icao"] and r["scheduled"]) or \
+            self._nearest(lat, lon, lambda r: r["icao"])
+        return row["icao"] if row else ""
+
+    def large_international(self):
+        return [r for r in self.rows if r["large"] and r["scheduled"] and r["iata"]]

@@ -1,0 +1,141 @@
+"""Putting the sources together into cities with every field filled."""
+
+import collections
+import urllib.parse
+from dataclasses import dataclass
+
+from . import sources, zones
+from .airports import AirportIndex
+from .areacodes import AreaCodes
+from .cities import select, sort_key
+
+UNITED_KINGDOM_RULE = ("LastSunMar 01:00", "LastSunOct 00:59")
+
+
+@dataclass
+class City:
+    name: str
+    country: str  # ISO code
+    lat: float
+    lon: float
+    tz: str
+    airport: str = ""
+    station: str = ""
+    dial: str = ""
+    area: str = ""
+    key: int = 85
+    rule: int = 0
+    rule_texts: tuple = None
+    query: str = ""
+    population: int = 0
+    reasons: tuple = ()
+
+
+def dial_codes(countries):
+    """ISO code -> (country dialling code, area code shared by the whole
+    country): the plan's own code; a North American country's three-digit
+    area code goes into the area field."""
+    used = collections.Counter(p for info in countries.values() for p in info["phone"])
+    result = {}
+    for code, info in countries.items():
+        phones = [str(p) for p in info["phone"]]
+        own = [p for p in phones if used[int(p)] == 1] or phones
+        phone = own[0]
+        if phone.startswith("1") and len(phone) == 4:
+            result[code] = ("1", phone[1:])
+        else:
+            result[code] = (phone, "")
+    return result
+
+
+class ZoneChoice:
+    """Per tzdata zone: the key and rule that match it best, and how well."""
+
+    def __init__(self, windows, golden_places, zone_places):
+        self.windows, self.golden, self.places = windows, golden_places, zone_places
+        self.cache = {}
+
+    def choose(self, tz, lat, lon):
+        if tz in self.cache:
+            return self.cache[tz]
+        lat, lon = self.places.get(tz, (lat, lon))
+        offsets = zones.offsets_in(tz, zones.CHECK_YEARS)
+        standard = offsets[0]
+        options = []
+        key = zones.choose_key(standard, self.windows.get(tz), lat, lon, self.golden)
+        keys = [key] if key is not None else sorted(
+            {zones.nearest_key(standard), zones.nearest_key(offsets[-1])})
+        rules = [None]
+        if len(offsets) > 1:
+            derived = zones.derive_rule(tz, standard, offsets[-1]) if len(offsets) == 2 else None
+            if derived:
+                rules.insert(0, derived)
+        points = zones.samples(tz)
+        for k in keys:
+            for rule in rules:
+                wrong, worst = zones.compare(tz, k, rule, points)
+                options.append((wrong, worst, k, rule))
+                if wrong == 0:
+                    break
+        wrong, worst, k, rule = min(options, key=lambda o: (o[0], o[1], o[3] is None))
+        reason = ""
+        if wrong:
+            if key is None:
+                reason = f"standard offset {standard} min not in the zone table"
+            elif len(offsets) > 2:
+                reason = "offsets change in 2026-2027: " + ",".join(map(str, offsets))
+            elif offsets[-1] - standard != 60:
+                reason = f"daylight saving of {offsets[-1] - standard} min"
+            else:
+                reason = "transitions no rule form names in both years"
+        self.cache[tz] = (k, rule, wrong, worst, len(points), reason)
+        return self.cache[tz]
+
+
+def build():
+    countries = sources.countries()
+    places = sources.geonames_places()
+    airport_index = AirportIndex(sources.airports())
+    zone_rows = sources.zone_table("zone1970.tab")
+    chosen = select(places, countries, zone_rows, airport_index)
+
+    windows, golden = sources.windows_zones()
+    links = sources.zone_links()
+    zone_places = {}
+    for _, lat, lon, zone in sources.zone_table("zone.tab") + zone_rows:
+        zone_places[links.get(zone, zone)] = (lat, lon)
+    golden_places = {w: zone_places[z] for w, z in golden.items() if z in zone_places}
+    chooser = ZoneChoice(windows, golden_places, zone_places)
+
+    dials = dial_codes(countries)
+    area_codes = AreaCodes()
+    cities = []
+    for p in chosen:
+        tz = links.get(p.tz, p.tz)
+        city = City(p.name, p.country, p.lat, p.lon, tz, population=p.population,
+                    reasons=tuple(sorted(p.reasons)))
+        airport = airport_index.passenger_airport([p.name] + p.alternates, p.lat, p.lon)
+        city.airport = airport["iata"] if airport else ""
+        city.station = airport_index.station(p.lat, p.lon)
+        city.dial, city.area = dials[p.country]
+        if not city.area:
+            city.area = area_codes.lookup(city.dial, p.country, [p.name] + p.alternates)
+        city.query = urllib.parse.quote_plus(f"{p.name}, {p.country}")
+        city.key, city.rule_texts, *_ = chooser.choose(tz, p.lat, p.lon)
+        cities.append(city)
+
+    # Rule 1 is the United Kingdom's, the default clock's; the rest in order of use.
+    grouped = collections.defaultdict(list)
+    for city in cities:
+        grouped[countries[city.country]["name"]].append(city)
+    ordered = sorted(grouped.items(), key=lambda item: sort_key(item[0]))
+    for _, group in ordered:
+        group.sort(key=lambda c: sort_key(c.name))
+    rules = [UNITED_KINGDOM_RULE]
+    for _, group in ordered:
+        for city in group:
+            if city.rule_texts and city.rule_texts not in rules:
+                rules.append(city.rule_texts)
+            city.rule = rules.index(city.rule_texts) + 1 if city.rule_texts else 0
+    assert len(rules) <= 127, "rule numbers are kept in 8 bits"
+    return ordered, rules, chooser, area_codes, airport_index

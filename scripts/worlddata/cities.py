@@ -1,0 +1,121 @@
+"""Which cities the world files hold, and their names and countries."""
+
+import collections
+
+from .sources import Place, distance_km, fold
+
+MILLION = 1_000_000
+TARGET_CITIES = 2600
+
+
+class Selection:
+    def __init__(self, places, country_names):
+        self.by_country = collections.defaultdict(list)
+        for p in places:
+            if p.country in country_names:
+                self.by_country[p.country].append(p)
+        self.chosen = {}
+        self.synthesised = []
+
+    def add(self, place, reason):
+        place.reasons.add(reason)
+        self.chosen[place.geonameid] = place
+
+    def named(self, country, name, lat=None, lon=None, tz=None, km=150):
+        """The place of a country with this name (or alternate name), nearest
+        to a point when one is given, else the most populous."""
+        want = fold(name)
+        found = [p for p in self.by_country.get(country, [])
+                 if (tz is None or p.tz == tz)
+                 and (fold(p.name) == want or any(fold(a) == want for a in p.alternates))]
+        if lat is not None:
+            found = [p for p in found if distance_km(lat, lon, p.lat, p.lon) <= km]
+            return min(found, key=lambda p: distance_km(lat, lon, p.lat, p.lon), default=None)
+        return max(found, key=lambda p: (fold(p.name) == want, p.population, -p.geonameid),
+                   default=None)
+
+    def near(self, lat, lon, km, country=None, tz=None):
+        return [(distance_km(lat, lon, p.lat, p.lon), p)
+                for c in ([country] if country else list(self.by_country))
+                for p in self.by_country.get(c, [])
+                if (tz is None or p.tz == tz) and abs(p.lat - lat) < km / 100
+                and distance_km(lat, lon, p.lat, p.lon) <= km]
+
+
+def select(places, countries, zone_rows, airport_index):
+    """Capitals, tzdata's zone locations, cities of a million, cities with a
+    large international airport, then the most populous others up to the target."""
+    sel = Selection(places, countries)
+
+    for code, info in countries.items():
+        capitals = [p for p in sel.by_country.get(code, []) if p.code == "PPLC"]
+        if not capitals and info.get("capital"):
+            found = sel.named(code, info["capital"])
+            capitals = [found] if found else []
+        if not capitals and sel.by_country.get(code):
+            capitals = [max(sel.by_country[code], key=lambda p: (p.population, -p.geonameid))]
+        for p in capitals:
+            sel.add(p, "capital")
+
+    for codes, lat, lon, zone in zone_rows:
+        name = zone.split("/")[-1].replace("_", " ")
+        country = codes[0]
+        if country not in countries:
+            continue
+        found = sel.named(country, name, lat, lon, km=150)
+        if not found:
+            nearby = sel.near(lat, lon, 30, country, tz=zone)
+            found = min(nearby, key=lambda x: x[0])[1] if nearby else None
+        if not found:
+            found = Place(-len(sel.synthesised) - 1, name, [], lat, lon, "ZONE", country, 0, zone)
+            sel.synthesised.append(found)
+        found.tz = zone  # the location stands for its zone
+        sel.add(found, "zone")
+
+    for code, group in sel.by_country.items():
+        for p in group:
+            if p.population >= MILLION:
+                sel.add(p, "million")
+
+    for airport in airport_index.large_international():
+        country = airport["country"]
+        if country not in countries:
+            continue
+        found = None
+        if airport["town"]:
+            nearby = [(d, p) for d, p in sel.near(airport["lat"], airport["lon"], 80, country)
+                      if fold(p.name) == airport["town"]]
+            found = min(nearby, key=lambda x: x[0])[1] if nearby else None
+        if not found:
+            nearby = sel.near(airport["lat"], airport["lon"], 50, country)
+            found = max(nearby, key=lambda x: (x[1].population, -x[0]))[1] if nearby else None
+        if found:
+            sel.add(found, "airport")
+
+    rest = sorted((p for group in sel.by_country.values() for p in group
+                   if p.geonameid not in sel.chosen),
+                  key=lambda p: (-p.population, p.geonameid))
+    for p in rest:
+        if len(unique_names(sel.chosen.values())) >= TARGET_CITIES:
+            break
+        sel.add(p, "population")
+    return unique_names(sel.chosen.values())
+
+
+PRIORITY = ["capital", "zone", "million", "airport", "population"]
+
+
+def unique_names(places):
+    """One city per name within a country (a lookup by name finds the first):
+    the one chosen for the strongest reason, then the most populous."""
+    best = {}
+    for p in places:
+        key = (p.country, p.name)
+        rank = (min(PRIORITY.index(r) for r in p.reasons), -p.population, p.geonameid)
+        if key not in best or rank < best[key][0]:
+            best[key] = (rank, p)
+    return [p for _, p in best.values()]
+
+
+def sort_key(name):
+    return (fold(name), name)
