@@ -58,6 +58,15 @@ constexpr std::array commandTable = {
         "from 0 (new moon) through 4 (full moon) to 7, and its name.\n"
         "With --tsv: date, index.\n",
         runMoon},
+    Subcommand{"render-clock", "analogue|digital --out FILE.png [--size WxH] [--skin NAME]",
+        "draw the full clock's analogue or digital clock into a PNG",
+        "Draws one clock of the full clock alone, as the full clock draws it, from the\n"
+        "skin's scheme for the screen size of --screen (Graphics/NAME_WxH.xml; the\n"
+        "skin defaults to the settings' skin). It shows the selected slot's local time\n"
+        "(--at fixes it). The clock's rectangle in the scheme gives the picture size\n"
+        "unless --size is given; the analogue clock is drawn over its part of the\n"
+        "skin's background picture.\n",
+        runRenderClock},
 };
 // clang-format on
 

@@ -16,6 +16,7 @@ int runSettings(CommandContext& ctx, Args& args);
 int runSkins(CommandContext& ctx, Args& args);
 int runSun(CommandContext& ctx, Args& args);
 int runMoon(CommandContext& ctx, Args& args);
+int runRenderClock(CommandContext& ctx, Args& args);
 
 std::span<const Subcommand> subcommands();
 const Subcommand* findSubcommand(std::string_view name);
