@@ -1,0 +1,214 @@
+#include "cities/CCitySelection.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "core/Text.h"
+
+namespace zonara {
+
+namespace {
+
+QString qText(const std::string& utf8) {
+    return QString::fromStdString(utf8);
+}
+
+QListWidget* makeList(QWidget* parent, const char* name) {
+    auto* list = new QListWidget(parent);
+    list->setObjectName(QString::fromLatin1(name));
+    list->setSelectionMode(QAbstractItemView::SingleSelection);
+    // Long names end in an ellipsis rather than widening the narrow columns.
+    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    return list;
+}
+
+} // namespace
+
+CCitySelection::CCitySelection(CityCatalog& catalog, int slotIndex, const ClockSlot& slot,
+                               QWidget* parent)
+    : QDialog(parent), catalog(catalog) {
+    setModal(true);
+    // Full screen over the main window, as every dialog of the program is.
+    if (parent != nullptr) {
+        setGeometry(parent->window()->geometry());
+    }
+    buildWidgets(slotIndex);
+    startAt(slot);
+    search->setFocus();
+}
+
+void CCitySelection::buildWidgets(int slotIndex) {
+    const QString heading = tr("Select City: Clock %1").arg(slotIndex + 1);
+    setWindowTitle(heading);
+    title = new QLabel(heading, this);
+    title->setObjectName(QStringLiteral("title"));
+    QFont bold = title->font();
+    bold.setBold(true);
+    title->setFont(bold);
+
+    search = new QLineEdit(this);
+    search->setObjectName(QStringLiteral("search"));
+    search->setPlaceholderText(tr("Search city"));
+    search->setClearButtonEnabled(true);
+    search->installEventFilter(this);
+
+    hitList = makeList(this, "hits");
+    hitList->hide();
+
+    countryList = makeList(this, "countries");
+    cityList = makeList(this, "cities");
+    for (const Country& country : catalog.countries()) {
+        countryList->addItem(qText(country.name));
+    }
+
+    auto* lists = new QHBoxLayout;
+    auto* countryColumn = new QVBoxLayout;
+    countryColumn->addWidget(new QLabel(tr("Country"), this));
+    countryColumn->addWidget(countryList);
+    auto* cityColumn = new QVBoxLayout;
+    cityColumn->addWidget(new QLabel(tr("City"), this));
+    cityColumn->addWidget(cityList);
+    lists->addLayout(countryColumn);
+    lists->addLayout(cityColumn);
+
+    // The soft-key bar: "Done" on the left, "Menu" with its popup on the right.
+    doneButton = new QPushButton(tr("Done"), this);
+    doneButton->setObjectName(QStringLiteral("done"));
+    doneButton->setDefault(true);
+    menuButton = new QPushButton(tr("Menu"), this);
+    menuButton->setObjectName(QStringLiteral("menu"));
+    menuButton->setAutoDefault(false);
+    auto* menu = new QMenu(menuButton);
+    QAction* cancel = menu->addAction(tr("Cancel"));
+    cancel->setObjectName(QStringLiteral("cancel"));
+    menuButton->setMenu(menu);
+    auto* bar = new QHBoxLayout;
+    bar->addWidget(doneButton);
+    bar->addStretch();
+    bar->addWidget(menuButton);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(title);
+    layout->addWidget(search);
+    layout->addWidget(hitList, 1);
+    layout->addLayout(lists, 2);
+    layout->addLayout(bar);
+
+    setTabOrder(search, hitList);
+    setTabOrder(hitList, countryList);
+    setTabOrder(countryList, cityList);
+    setTabOrder(cityList, doneButton);
+    setTabOrder(doneButton, menuButton);
+
+    connect(countryList, &QListWidget::currentRowChanged, this, &CCitySelection::showCountry);
+    connect(cityList, &QListWidget::currentRowChanged, this,
+            [this](int row) { doneButton->setEnabled(row >= 0); });
+    connect(cityList, &QListWidget::itemDoubleClicked, this, &CCitySelection::finish);
+    connect(search, &QLineEdit::textChanged, this, &CCitySelection::showHits);
+    connect(hitList, &QListWidget::currentRowChanged, this, &CCitySelection::pickHit);
+    connect(hitList, &QListWidget::itemDoubleClicked, this, &CCitySelection::finish);
+    connect(doneButton, &QPushButton::clicked, this, &CCitySelection::finish);
+    connect(cancel, &QAction::triggered, this, &QDialog::reject);
+    doneButton->setEnabled(false);
+}
+
+void CCitySelection::startAt(const ClockSlot& slot) {
+    const std::optional<StartPoint> start =
+        catalog.locate(toUtf8(slot.countryName), toUtf8(slot.cityName));
+    if (!start) {
+        countryList->setCurrentRow(countryList->count() > 0 ? 0 : -1);
+        return;
+    }
+    countryList->setCurrentRow(int(start->country));
+    if (start->city) {
+        cityList->setCurrentRow(int(*start->city));
+    }
+}
+
+void CCitySelection::showCountry(int row) {
+    cityList->clear();
+    if (row < 0) {
+        return;
+    }
+    for (const City& city : catalog.cities(std::size_t(row))) {
+        cityList->addItem(qText(city.name));
+    }
+    cityList->setCurrentRow(cityList->count() > 0 ? 0 : -1);
+}
+
+void CCitySelection::showHits(const QString& text) {
+    hits = catalog.search(text.toStdString(), hitLimit);
+    hitList->clear();
+    hitList->setVisible(!text.trimmed().isEmpty());
+    for (const CityHit& hit : hits) {
+        hitList->addItem(qText(catalog.city(hit).name) + QStringLiteral(", ") +
+                         qText(catalog.countries()[hit.country].name));
+    }
+    if (hits.empty()) {
+        if (hitList->isVisibleTo(this)) {
+            auto* none = new QListWidgetItem(tr("No city found"), hitList);
+            none->setFlags(Qt::NoItemFlags);
+        }
+        return;
+    }
+    hitList->setCurrentRow(0);
+}
+
+void CCitySelection::pickHit(int row) {
+    if (row < 0 || std::size_t(row) >= hits.size()) {
+        return;
+    }
+    const CityHit hit = hits[std::size_t(row)];
+    countryList->setCurrentRow(int(hit.country));
+    cityList->setCurrentRow(int(hit.city));
+}
+
+void CCitySelection::finish() {
+    const int countryRow = countryList->currentRow();
+    const int cityRow = cityList->currentRow();
+    if (countryRow < 0 || cityRow < 0) {
+        return;
+    }
+    const Country& country = catalog.countries()[std::size_t(countryRow)];
+    choice = ChosenCity{Country{country.name, country.firstCityOffset, country.id, {}},
+                        catalog.city({std::size_t(countryRow), std::size_t(cityRow)})};
+    accept();
+}
+
+void CCitySelection::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    // The starting selection was made before the lists had a size.
+    for (QListWidget* list : {countryList, cityList}) {
+        if (list->currentItem() != nullptr) {
+            list->scrollToItem(list->currentItem(), QAbstractItemView::PositionAtCenter);
+        }
+    }
+}
+
+bool CCitySelection::eventFilter(QObject* watched, QEvent* event) {
+    // The arrow keys in the search field walk the hits, so typing and picking
+    // need no change of focus.
+    if (watched == search && event->type() == QEvent::KeyPress && hitList->isVisibleTo(this)) {
+        switch (static_cast<QKeyEvent*>(event)->key()) {
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+        case Qt::Key_PageUp:
+        case Qt::Key_PageDown:
+            QCoreApplication::sendEvent(hitList, event);
+            return true;
+        default:
+            break;
+        }
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+} // namespace zonara
