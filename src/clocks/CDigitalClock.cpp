@@ -36,7 +36,9 @@ QFont amPmFontFace() {
     return font;
 }
 
-CDigitalClock::CDigitalClock(QWidget* parent) : QWidget(parent), amPmFont(amPmFontFace()) {}
+CDigitalClock::CDigitalClock(QWidget* parent) : QWidget(parent), amPmFont(amPmFontFace()) {
+    setAttribute(Qt::WA_OpaquePaintEvent, clock.erasesBackground());
+}
 
 void CDigitalClock::setColours(const DigitalClockColours& colours) {
     clock.setColours(colours);

@@ -57,7 +57,7 @@ TEST(CDigitalClockWidget, PaintsLitAndUnlitSegmentsOfTheShownDigits) {
         {0, 5, 9, 3, false, "120509", 1},    {12, 30, 0, 3, false, "123000", 2},
         {13, 0, 0, 3, false, "010000", 2},   {13, 0, 0, 3, true, "130000", 2},
         {0, 1, 2, 9, false, "000102", 0},    {13, 45, 0, 2, false, "0145", 2},
-        {23, 59, 58, 1, false, "115958", 0},
+        {23, 59, 58, 1, false, "115958", 0}, {18, 46, 37, 3, false, "064637", 2},
     };
     const auto boxes = digitBoxes(300, 100);
     for (const Case& c : cases) {
