@@ -1,0 +1,294 @@
+#include "app/CMainFrame.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QDesktopServices>
+#include <QKeyEvent>
+#include <QLocale>
+#include <QMenu>
+#include <QMessageBox>
+#include <QTimer>
+#include <QUrl>
+#include <QVBoxLayout>
+
+#include "app/AboutDialog.h"
+#include "app/CBusyWindow.h"
+#include "app/FrameCommands.h"
+#include "app/HelpPage.h"
+#include "app/PlaceholderView.h"
+#include "app/SoftKeyBar.h"
+#include "cities/CCitySelection.h"
+#include "clocks/CClockDetails.h"
+#include "clocks/CSkinSetup.h"
+#include "core/Text.h"
+#include "core/WorldFiles.h"
+
+namespace zonara {
+
+namespace {
+
+QString commandText(int id) {
+    const FrameCommand* command = findFrameCommand(id);
+    return command != nullptr
+               ? QString::fromUtf8(command->text.data(), qsizetype(command->text.size()))
+               : QString();
+}
+
+} // namespace
+
+CMainFrame::CMainFrame(const Paths& paths, const ClockSource& clock, const DeviceProfile& profile,
+                       QWidget* parent)
+    : QWidget(parent), paths(paths), clock(clock), profile(profile), catalog(paths),
+      views(new QStackedWidget(this)), clockView(new CClockDetails(paths, this->clock, profile)),
+      bar(new SoftKeyBar(this)) {
+    setWindowTitle(QStringLiteral("Zonara"));
+    setObjectName(QStringLiteral("Zonara"));
+    runDialog = [](QDialog& dialog) { return dialog.exec(); };
+    tellUser = [this](const QString& title, const QString& text) {
+        QMessageBox::information(this, title, text);
+    };
+    openPage = [](const std::filesystem::path& page) {
+        return QDesktopServices::openUrl(
+            QUrl::fromLocalFile(QString::fromStdString(page.string())));
+    };
+
+    // The views get the profile's whole size; the soft-key bar sits below them.
+    views->setFixedSize(profile.width, profile.height);
+    views->addWidget(clockView);
+    views->addWidget(new PlaceholderView(commandText(32774)));
+    views->addWidget(new PlaceholderView(commandText(32776)));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(views);
+    layout->addWidget(bar);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+
+    bar->leftButton()->setText(tr("Select City"));
+    connect(bar->leftButton(), &QPushButton::clicked, this, [this] { OnCommand(32772); });
+    BuildMenu();
+    setFocusPolicy(Qt::StrongFocus);
+    QTimer::singleShot(0, this, &CMainFrame::DeferredStart);
+}
+
+CMainFrame::~CMainFrame() = default;
+
+void CMainFrame::BuildMenu() {
+    QMenu* top = bar->menu();
+    auto add = [this](QMenu* menu, int id) {
+        QAction* item = menu->addAction(commandText(id));
+        item->setData(id);
+        connect(item, &QAction::triggered, this, [this, id] { OnCommand(id); });
+        return item;
+    };
+    QMenu* view = top->addMenu(tr("View"));
+    add(view, 32774);
+    add(view, 32775);
+    add(view, 32776);
+    add(top, 32777);
+    QMenu* weather = top->addMenu(tr("Weather"));
+    add(weather, 32819);
+    add(weather, 32820);
+    add(top, 32779);
+    add(top, 32783);
+    add(top, 32780);
+    QMenu* setup = top->addMenu(tr("Setup"));
+    QAction* skin = add(setup, 32790);
+    add(setup, 32791);
+    add(setup, 32792)->setCheckable(true);
+    top->addSeparator();
+    add(top, 32793);
+    add(top, 32794);
+    add(top, 32795);
+    // The skin setup is never offered in the menu, although its command stays
+    // in the table and still works when it reaches the frame.
+    setup->removeAction(skin);
+    skin->deleteLater();
+}
+
+QMenu* CMainFrame::menu() const {
+    return bar->menu();
+}
+
+QAction* CMainFrame::action(int commandId) const {
+    const std::function<QAction*(const QMenu*)> find = [&](const QMenu* menu) -> QAction* {
+        for (QAction* item : menu->actions()) {
+            if (item->menu() != nullptr) {
+                if (QAction* inner = find(item->menu())) {
+                    return inner;
+                }
+            } else if (item->data().toInt() == commandId && !item->isSeparator()) {
+                return item;
+            }
+        }
+        return nullptr;
+    };
+    return find(bar->menu());
+}
+
+void CMainFrame::DeferredStart() {
+    if (started) {
+        return;
+    }
+    started = true;
+    current.Load(paths.dataFile(settingsFileName));
+    clockView->ApplySkin(toUtf8(current.skinFile));
+    ShowView(current.currentView <= multiClockView ? current.currentView : fullClockView);
+    if (QAction* mark = action(32792)) {
+        mark->setChecked(current.use24Hour != 0);
+    }
+    if (dataFilesChanged(paths)) {
+        RebuildUnderBusyWindow();
+    }
+    loadDstRules(paths, rules);
+    clockView->SetRules(&rules);
+    RefreshViews();
+}
+
+void CMainFrame::RebuildUnderBusyWindow() {
+    CBusyWindow busy(this);
+    CountryList list;
+    rebuildDataFiles(paths, list);
+    catalog.reload();
+}
+
+void CMainFrame::ShowView(int view) {
+    viewShown = view;
+    views->setCurrentIndex(view);
+    if (view == fullClockView) {
+        RefreshViews();
+    }
+}
+
+void CMainFrame::RefreshViews() {
+    const std::int32_t slot =
+        current.selectedSlot >= 0 && current.selectedSlot <= 3 ? current.selectedSlot : 0;
+    clockView->SetUse24Hour(current.use24Hour != 0);
+    clockView->SetCity(current.slots[std::size_t(slot)]);
+    clockView->Refresh();
+    update();
+}
+
+void CMainFrame::OnCommand(int id) {
+    const FrameCommand* command = findFrameCommand(id);
+    if (command == nullptr) {
+        return;
+    }
+    switch (command->action) {
+    case FrameAction::SelectCity:
+        SelectCity();
+        break;
+    case FrameAction::ShowView:
+        ShowView(command->view);
+        break;
+    case FrameAction::FullClockSkin:
+        ChooseSkin();
+        break;
+    case FrameAction::Toggle24Hour:
+        Toggle24Hour();
+        break;
+    case FrameAction::Help:
+        ShowHelp();
+        break;
+    case FrameAction::About:
+        ShowAbout();
+        break;
+    case FrameAction::Exit:
+        QTimer::singleShot(0, this, &QWidget::close);
+        break;
+    case FrameAction::CityDetails:
+    case FrameAction::CurrencyConversion:
+    case FrameAction::Metric:
+    case FrameAction::StopWatch:
+    case FrameAction::UpdateData:
+        NotYet(commandText(id));
+        break;
+    case FrameAction::WeatherUpdate:
+    case FrameAction::WeatherShowLast:
+        NotYet(tr("Weather"));
+        break;
+    case FrameAction::Nothing:
+        break;
+    }
+}
+
+void CMainFrame::SelectCity() {
+    const std::size_t slot = std::size_t(
+        current.selectedSlot >= 0 && current.selectedSlot <= 3 ? current.selectedSlot : 0);
+    CCitySelection dialog(catalog, int(slot), current.slots[slot], this);
+    if (runDialog(dialog) != QDialog::Accepted || !dialog.chosen()) {
+        return;
+    }
+    current.slots[slot].Assign(dialog.chosen()->country, dialog.chosen()->city);
+    current.Save(paths.dataFile(settingsFileName));
+    RefreshViews();
+}
+
+void CMainFrame::ChooseSkin() {
+    CSkinSetup dialog(paths, profile, toUtf8(current.skinFile), this);
+    if (runDialog(dialog) != QDialog::Accepted || !dialog.skinChanged()) {
+        return;
+    }
+    current.skinFile = toUtf16(dialog.chosenSkin());
+    current.Save(paths.dataFile(settingsFileName));
+    if (viewShown == fullClockView) {
+        clockView->ApplySkin(dialog.chosenSkin());
+        RefreshViews();
+    }
+}
+
+void CMainFrame::Toggle24Hour() {
+    current.use24Hour = current.use24Hour != 0 ? 0 : 1;
+    if (QAction* mark = action(32792)) {
+        mark->setChecked(current.use24Hour != 0);
+    }
+    RefreshViews();
+}
+
+void CMainFrame::ShowHelp() {
+    const std::uint16_t language = languageIdFromLocale(QLocale::system().name().toStdString());
+    const std::filesystem::path page = helpPage(paths.root(), language);
+    if (!openPage(page)) {
+        tellUser(
+            commandText(32793),
+            tr("The help page %1 could not be opened.").arg(QString::fromStdString(page.string())));
+    }
+}
+
+void CMainFrame::ShowAbout() {
+    AboutDialog dialog(this);
+    runDialog(dialog);
+}
+
+void CMainFrame::NotYet(const QString& feature) {
+    tellUser(feature,
+             tr("%1 is not available yet; it comes in a later version of Zonara.").arg(feature));
+}
+
+void CMainFrame::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        current.selectedSlot = stepSlot(current.selectedSlot, event->key() == Qt::Key_Up);
+        RefreshViews();
+        return;
+    default:
+        break;
+    }
+    const QString text = event->text();
+    if (text.size() == 1) {
+        if (const auto view = viewForKey(char(text.at(0).toLatin1()))) {
+            ShowView(*view);
+            return;
+        }
+    }
+    QWidget::keyPressEvent(event);
+}
+
+void CMainFrame::closeEvent(QCloseEvent* event) {
+    current.currentView = std::uint8_t(viewShown);
+    current.Save(paths.dataFile(settingsFileName));
+    event->accept();
+}
+
+} // namespace zonara

@@ -1,0 +1,25 @@
+#include "app/SoftKeyBar.h"
+
+#include <QHBoxLayout>
+
+namespace zonara {
+
+SoftKeyBar::SoftKeyBar(QWidget* parent)
+    : QWidget(parent), left(new QPushButton(this)), right(new QPushButton(tr("Menu"), this)),
+      popup(new QMenu(this)) {
+    setObjectName(QStringLiteral("softKeyBar"));
+    left->setObjectName(QStringLiteral("leftSoftKey"));
+    right->setObjectName(QStringLiteral("menuSoftKey"));
+    left->setFlat(true);
+    right->setFlat(true);
+    right->setMenu(popup);
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(4, 2, 4, 2);
+    layout->addWidget(left);
+    layout->addStretch(1);
+    layout->addWidget(right);
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::Button);
+}
+
+} // namespace zonara
