@@ -26,6 +26,13 @@ constexpr std::array commandTable = {
         "Lists the countries of the world files, or with --country the cities of\n"
         "that country, in file order.\n",
         runCities},
+    Subcommand{"find", "TEXT... [--limit N]",
+        "find cities by any part of their name",
+        "Lists the cities whose name contains TEXT, in every country, without regard\n"
+        "to case or accents ('sao' finds São Paulo): names that start with TEXT\n"
+        "first, then the others, each alphabetical. Several words are one text.\n"
+        "--limit keeps the first N. With --tsv: city, country.\n",
+        runFind},
     Subcommand{"slot", "N CITY [--country NAME]",
         "put a city into clock slot N (0-3)",
         "Assigns CITY to clock slot N (0 to 3) and saves the settings, as choosing\n"

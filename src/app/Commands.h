@@ -11,6 +11,7 @@ namespace zonara {
 int runNow(CommandContext& ctx, Args& args);
 int runTime(CommandContext& ctx, Args& args);
 int runCities(CommandContext& ctx, Args& args);
+int runFind(CommandContext& ctx, Args& args);
 int runSlot(CommandContext& ctx, Args& args);
 int runSettings(CommandContext& ctx, Args& args);
 int runSkins(CommandContext& ctx, Args& args);
