@@ -1,0 +1,60 @@
+// The city catalog on the shipped world files: the first search, which reads
+// every country's cities, and the searches typed after it.
+
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+#include "cities/CityCatalog.h"
+#include "core/WorldFiles.h"
+#include "support/TempDir.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+fs::path shippedData() {
+    // The repository's data/, from $ZONARA_SOURCE_DIR or from where this file lies.
+    const char* root = std::getenv("ZONARA_SOURCE_DIR");
+    return (root ? fs::path(root) : fs::path(__FILE__).parent_path() / ".." / "..") / "data";
+}
+
+// A root folder with a copy of the shipped country and city files.
+struct ShippedWorld {
+    ShippedWorld() {
+        fs::create_directories(paths.dataDir());
+        for (const auto name : {zonara::countryFileName, zonara::cityFileName}) {
+            fs::copy_file(shippedData() / name, paths.dataFile(name));
+        }
+    }
+    zonara::test::TempDir dir;
+    zonara::Paths paths{dir.path()};
+};
+
+void BM_FirstSearch(benchmark::State& state) {
+    const ShippedWorld world;
+    for (auto _ : state) {
+        zonara::CityCatalog catalog(world.paths);
+        benchmark::DoNotOptimize(catalog.search("syd", 50));
+    }
+}
+BENCHMARK(BM_FirstSearch)->Unit(benchmark::kMillisecond);
+
+// One keystroke's search once everything is read; "a" matches most names.
+void BM_Search(benchmark::State& state, const char* text) {
+    const ShippedWorld world;
+    zonara::CityCatalog catalog(world.paths);
+    catalog.search("warm", 1);
+    std::size_t hits = 0;
+    for (auto _ : state) {
+        hits = catalog.search(text, 50).size();
+        benchmark::DoNotOptimize(hits);
+    }
+    state.counters["hits"] = double(hits);
+}
+BENCHMARK_CAPTURE(BM_Search, syd, "syd")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(BM_Search, sao, "sao")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(BM_Search, a, "a")->Unit(benchmark::kMicrosecond);
+
+} // namespace
