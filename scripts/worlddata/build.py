@@ -9,6 +9,7 @@ from .airports import AirportIndex
 from .areacodes import AreaCodes
 from .cities import select, sort_key
 
+AREA_NEIGHBOUR_KM = 40
 UNITED_KINGDOM_RULE = ("LastSunMar 01:00", "LastSunOct 00:59")
 
 
@@ -119,10 +120,27 @@ def build():
         city.station = airport_index.station(p.lat, p.lon)
         city.dial, city.area = dials[p.country]
         if not city.area:
-            city.area = area_codes.lookup(city.dial, p.country, [p.name] + p.alternates)
+            # Other names only where the data qualifies every town by its state:
+            # elsewhere an alternate name is often a region's (Quezon City's "Quezon").
+            names = [p.name] + (p.alternates if city.dial == "1" else [])
+            city.area = area_codes.lookup(city.dial, p.country, names)
         city.query = urllib.parse.quote_plus(f"{p.name}, {p.country}")
         city.key, city.rule_texts, *_ = chooser.choose(tz, p.lat, p.lon)
         cities.append(city)
+
+    # A place the numbering data does not name (a suburb, a town of a region
+    # named only as a region) shares the code of the nearest named city close by.
+    named = collections.defaultdict(list)
+    for city in cities:
+        if city.area:
+            named[city.country].append(city)
+    for city in cities:
+        if not city.area and area_codes.has_data(city.dial):
+            near = [(sources.distance_km(city.lat, city.lon, c.lat, c.lon), c.name, c.area)
+                    for c in named[city.country]]
+            near = [n for n in near if n[0] <= AREA_NEIGHBOUR_KM]
+            if near:
+                city.area = min(near)[2]
 
     # Rule 1 is the United Kingdom's, the default clock's; the rest in order of use.
     grouped = collections.defaultdict(list)

@@ -64,9 +64,6 @@ def select(places, countries, zone_rows, airport_index):
             continue
         found = sel.named(country, name, lat, lon, km=150)
         if not found:
-            nearby = sel.near(lat, lon, 30, country, tz=zone)
-            found = min(nearby, key=lambda x: x[0])[1] if nearby else None
-        if not found:
             found = Place(-len(sel.synthesised) - 1, name, [], lat, lon, "ZONE", country, 0, zone)
             sel.synthesised.append(found)
         found.tz = zone  # the location stands for its zone

@@ -36,8 +36,10 @@ def readme(ordered, rules, deviations, stats, area_codes, tzdata, geonames_date)
     for name, (version, licence) in NPM_PACKAGES.items():
         lines.append(f"| npm `{name}` | {version} | {licence} | {npm_use[name]} |")
     for name, (version, licence) in DEBIAN_PACKAGES.items():
-        lines.append(f"| Debian `{name}` | {version} | {licence} | CLDR windowsZones.xml: "
-                     "the Windows zone of each tz zone, to pick among zone keys of equal offset |")
+        use = {"unicode-cldr-core": "CLDR windowsZones.xml: the Windows zone of each tz zone, "
+                                    "to pick among zone keys of equal offset",
+               "iso-codes": "ISO 3166 names: the accents of country names"}[name]
+        lines.append(f"| Debian `{name}` | {version} | {licence} | {use} |")
     lines += [
         "",
         "## Counts",
@@ -71,10 +73,14 @@ def readme(ordered, rules, deviations, stats, area_codes, tzdata, geonames_date)
         "station nearest the city centre; London gives EGLC, London City).",
         "- Dialling code: countries-list; a North American Numbering Plan country's "
         "three-digit code (1 876 Jamaica) is split into 1 and the area code.",
-        "- Area code: the shortest libphonenumber geocoding prefix whose place is the city "
-        "(lowest area code naming the city in the North American plan; two digits in Brazil "
-        "and Argentina). Empty where the geocoding names no prefix after the city: either the "
-        "country has no area codes or the data names only regions there.",
+        "- Area code: the shortest libphonenumber geocoding prefix whose place is the city; "
+        "in the North American plan the lowest whole area code naming the city, else the code "
+        "of most of its exchanges; a place named as a province stands for its capital. Brazil's "
+        "codes have two digits and Australia's and New Zealand's one, whatever the prefix's "
+        "length; Argentina's 1 is Buenos Aires' 11. A city that the geocoding does not name "
+        "takes the code of the nearest named city within 40 km. Empty where neither gives one: "
+        "the country has no area codes, the data names only regions there, or no data exists "
+        "(listed below).",
         "- Zone key: the zone-table row whose offset is the city's standard offset in "
         "2026-2027; among equal offsets the row named after the zone's Windows zone (CLDR), "
         "else the row whose own zone lies nearest.",

