@@ -53,14 +53,33 @@ PROFILES = [
 
 def grid(left, top, cols, cell_w, cell_h, gap, names, style):
     """Cells of an info grid, row by row. style is (label offset from the
-    cell's top, value rect's top and bottom inset, value points)."""
+    cell's top, value rect's top and bottom inset, value points); a name may
+    carry its own points as a third item."""
     cells = []
-    for i, (label, field) in enumerate(names):
+    for i, name in enumerate(names):
         c, r = i % cols, i // cols
         x = left + c * (cell_w + gap)
         y = top + r * (cell_h + gap)
-        cells.append((label, field, (x, y, x + cell_w, y + cell_h)) + style)
+        cells.append(cell(name, (x, y, x + cell_w, y + cell_h), style))
     return cells
+
+
+def row(left, top, widths, cell_h, gap, names, style):
+    """One row of cells of the given widths."""
+    cells = []
+    x = left
+    for width, name in zip(widths, names):
+        cells.append(cell(name, (x, top, x + width, top + cell_h), style))
+        x += width + gap
+    return cells
+
+
+def cell(name, rect, style):
+    label, field = name[:2]
+    label_dy, value_top, value_bottom, value_pt = style
+    if len(name) > 2:
+        value_pt = name[2]
+    return (label, field, rect, label_dy, value_top, value_bottom, value_pt)
 
 
 LAYOUTS = {
@@ -106,7 +125,7 @@ LAYOUTS = {
         "label_pt": 6,
         "cells": grid(6, 240, 3, 74, 36, 3, [
             ("GMT offset", "GMToffset"), ("Daylight saving", "daylightSaving"),
-            ("Dialling code", "dialcode"), ("Sunrise", "sunrise"), ("Sunset", "sunset"),
+            ("Dialling code", "dialcode", 9), ("Sunrise", "sunrise"), ("Sunset", "sunset"),
             ("Airport", "airportcode")],
             (4, 13, 3, 10)),
     },
@@ -130,7 +149,7 @@ LAYOUTS = {
         "cells": grid(152, 151, 2, 80, 27, 2, [
             ("GMT offset", "GMToffset"), ("Daylight saving", "daylightSaving")],
             (2, 10, 2, 8))
-        + grid(6, 188, 5, 59, 44, 3, [
+        + row(6, 188, (54, 54, 50, 84, 54), 44, 3, [
             ("Sunrise", "sunrise"), ("Sunset", "sunset"), ("Airport", "airportcode"),
             ("Dial code", "dialcode"), ("Internet", "inettime")],
             (5, 16, 5, 10)),
@@ -242,7 +261,7 @@ def resolve(layout_name, theme, width, scale):
         cells.append((label, field, place(rect), label_dy * scale))
         if field:
             l, t, r, b = rect
-            fields[field] = (place((l + 3, t + value_top, r - 3, b - value_bottom)),
+            fields[field] = (place((l + 1, t + value_top, r - 1, b - value_bottom)),
                              value_pt, True, "center", "short")
     moon_x, moon_y, moon_size = lay["moon"]
     mrect = place((moon_x, moon_y, moon_x + moon_size, moon_y + moon_size))
@@ -524,7 +543,7 @@ def scheme_xml(skin_name, theme, lay, width, height):
 
 SAMPLES = {
     "country": "Bosnia and Herzegovina", "city": "Ho Chi Minh City", "time": "11:58",
-    "date": "Wednesday, September 30, 2026", "airportcode": "SGN", "dialcode": "+84 28",
+    "date": "Wednesday, September 30, 2026", "airportcode": "WAW", "dialcode": "+49 3528",
     "GMToffset": "+07:00", "timezonedescription": "West Central Africa Standard Time",
     "daylightSaving": "n\\a", "sunrise": "05:41", "sunset": "17:38", "ampm": "AM",
     "inettime": "@541",

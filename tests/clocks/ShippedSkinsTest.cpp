@@ -3,13 +3,17 @@
 // of each other and of the clocks, and both clocks actually drawn.
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
+#include <QFont>
+#include <QFontMetrics>
 #include <QImage>
 #include <QImageReader>
 #include <QString>
@@ -60,6 +64,36 @@ bool overlaps(const Box& a, const Box& b) {
 int channelDistance(QRgb a, QRgb b) {
     return std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)),
                      std::abs(qBlue(a) - qBlue(b))});
+}
+
+// The widest text each field shows in practice (long and short style where
+// they differ); names are common ones, the formats are fixed.
+struct Sample {
+    std::string_view shortText;
+    std::string_view longText;
+};
+constexpr std::array<Sample, textFieldCount> samples{{
+    {"Bosnia and Herzegovina", "Bosnia and Herzegovina"},
+    {"Ho Chi Minh City", "Ho Chi Minh City"},
+    {"12:59", "12:59"},
+    {"12/31/2026", "Wednesday, September 30, 2026"},
+    {"WAW", "WAW"},
+    {"+49 3528", "+49 3528"},
+    {"-12:00", "GMT offset -12:00"},
+    {"West Central Africa Standard Time", "West Central Africa Standard Time"},
+    {"n\\a", "Daylight Savings n\\a"},
+    {"12:59", "12:59"},
+    {"12:59", "12:59"},
+    {"PM", "PM"},
+    {"@999", "@999"},
+}};
+
+// The face the view draws its fields in on the offscreen platform.
+QFont fieldFont(const TextField& field, int dpi) {
+    QFont font(QStringLiteral("DejaVu Sans"));
+    font.setPixelSize(field.fontSize * dpi / 72);
+    font.setWeight(field.fontWeight >= 700 ? QFont::Bold : QFont::Medium);
+    return font;
 }
 
 QString qPath(const fs::path& p) {
@@ -122,6 +156,13 @@ TEST_F(ShippedSkins, LayoutFitsTheViewAndNothingOverlaps) {
                 const int pixels = field.fontSize * profile->dpi / 72;
                 EXPECT_GE(pixels, 8) << box.name << " is too small to read";
                 EXPECT_GE(box.bottom - box.top, pixels) << box.name << " cuts its text off";
+                const Sample& sample = samples[slot];
+                const std::string_view text = field.shortStyle ? sample.shortText : sample.longText;
+                const QFontMetrics metrics(fieldFont(field, profile->dpi));
+                EXPECT_LE(metrics.horizontalAdvance(
+                              QString::fromUtf8(text.data(), qsizetype(text.size()))),
+                          box.right - box.left)
+                    << "'" << text << "' does not fit " << box.name;
                 taken.push_back(box);
             }
             EXPECT_TRUE(scheme.fields[1].shown && scheme.fields[2].shown && scheme.fields[3].shown)
