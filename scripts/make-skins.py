@@ -48,7 +48,8 @@ PROFILES = [
 # ---------------------------------------------------------------------------
 # Layouts in 1x pixels. A field is (rect, points, bold, align, style); fields
 # that a layout leaves out are written hidden. Cells are the small labelled
-# boxes of the info grid: (label, field, rect of the whole cell).
+# boxes of the info grids: the label is drawn into the background, the value
+# is the field, given a rect inside the cell.
 
 
 def grid(left, top, cols, cell_w, cell_h, gap, names, style):
@@ -216,11 +217,6 @@ THEMES = {
 
 def scaled(rect, s):
     return tuple(v * s for v in rect)
-
-
-def mirror_rect(rect, width):
-    l, t, r, b = rect
-    return (width - r, t, width - l, b)
 
 
 def font_px(points, dpi):
