@@ -18,6 +18,7 @@ int runSkins(CommandContext& ctx, Args& args);
 int runSun(CommandContext& ctx, Args& args);
 int runMoon(CommandContext& ctx, Args& args);
 int runRenderClock(CommandContext& ctx, Args& args);
+int runRender(CommandContext& ctx, Args& args);
 
 std::span<const Subcommand> subcommands();
 const Subcommand* findSubcommand(std::string_view name);
