@@ -79,28 +79,41 @@ void CCitySelection::buildWidgets(int slotIndex) {
     lists->addLayout(countryColumn);
     lists->addLayout(cityColumn);
 
-    // The soft-key bar: "Done" on the left, "Menu" with its popup on the right.
-    doneButton = new QPushButton(tr("Done"), this);
+    // The soft-key bar, drawn like the main window's: "Done" on the left,
+    // "Menu" with its popup on the right, across the whole bottom edge.
+    auto* bar = new QWidget(this);
+    bar->setObjectName(QStringLiteral("softKeyBar"));
+    bar->setAutoFillBackground(true);
+    bar->setBackgroundRole(QPalette::Button);
+    doneButton = new QPushButton(tr("Done"), bar);
     doneButton->setObjectName(QStringLiteral("done"));
+    doneButton->setFlat(true);
     doneButton->setDefault(true);
-    menuButton = new QPushButton(tr("Menu"), this);
+    menuButton = new QPushButton(tr("Menu"), bar);
     menuButton->setObjectName(QStringLiteral("menu"));
+    menuButton->setFlat(true);
     menuButton->setAutoDefault(false);
     auto* menu = new QMenu(menuButton);
     QAction* cancel = menu->addAction(tr("Cancel"));
     cancel->setObjectName(QStringLiteral("cancel"));
     menuButton->setMenu(menu);
-    auto* bar = new QHBoxLayout;
-    bar->addWidget(doneButton);
-    bar->addStretch();
-    bar->addWidget(menuButton);
+    auto* barLayout = new QHBoxLayout(bar);
+    barLayout->setContentsMargins(4, 2, 4, 2);
+    barLayout->addWidget(doneButton);
+    barLayout->addStretch();
+    barLayout->addWidget(menuButton);
 
+    auto* content = new QVBoxLayout;
+    content->setContentsMargins(6, 6, 6, 6);
+    content->addWidget(title);
+    content->addWidget(search);
+    content->addWidget(hitList, 1);
+    content->addLayout(lists, 2);
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(title);
-    layout->addWidget(search);
-    layout->addWidget(hitList, 1);
-    layout->addLayout(lists, 2);
-    layout->addLayout(bar);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addLayout(content, 1);
+    layout->addWidget(bar);
 
     setTabOrder(search, hitList);
     setTabOrder(hitList, countryList);

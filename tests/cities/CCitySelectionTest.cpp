@@ -202,11 +202,14 @@ TEST_F(CCitySelectionTest, CoversItsParentWithTheSoftKeyBarAtTheBottom) {
     EXPECT_TRUE(done->isDefault());
     EXPECT_EQ(done->text(), "Done");
     EXPECT_EQ(menu->text(), "Menu");
-    // Done on the left, Menu on the right, both below everything else.
-    EXPECT_LT(done->geometry().right(), menu->geometry().left());
-    const QWidget* cities = child<QListWidget>(dialog, "cities");
-    EXPECT_GT(done->geometry().top(), cities->geometry().bottom());
-    EXPECT_GT(menu->geometry().right(), dialog.width() / 2);
+    // The bar spans the bottom edge below everything else: Done on its left,
+    // Menu on its right.
+    const QWidget* bar = child<QWidget>(dialog, "softKeyBar");
+    EXPECT_EQ(bar->geometry().bottom(), dialog.height() - 1);
+    EXPECT_EQ(bar->width(), dialog.width());
+    EXPECT_GT(bar->geometry().top(), child<QListWidget>(dialog, "cities")->geometry().bottom());
+    EXPECT_LT(done->geometry().right(), bar->width() / 2);
+    EXPECT_GT(menu->geometry().left(), bar->width() / 2);
 }
 
 } // namespace
