@@ -1,0 +1,62 @@
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <cstdlib>
+#include <filesystem>
+
+#include "app/CMainFrame.h"
+#include "clocks/CClockDetails.h"
+#include "core/DeviceProfile.h"
+#include "core/WorldFiles.h"
+#include "support/TempDir.h"
+
+namespace zonara {
+
+namespace {
+
+// The shipped world files and skins, copied once into a root of their own.
+const Paths& shippedRoot() {
+    static test::TempDir dir;
+    static const Paths paths = [] {
+        const std::filesystem::path source = ZONARA_SOURCE_DIR;
+        std::filesystem::copy(source / "data", dir.path() / "Data",
+                              std::filesystem::copy_options::recursive);
+        std::filesystem::copy(source / "graphics", dir.path() / "Graphics",
+                              std::filesystem::copy_options::recursive);
+        Paths p(dir.path());
+        CountryList list; // prepared once, as after the first start
+        rebuildDataFiles(p, list);
+        return p;
+    }();
+    return paths;
+}
+
+QApplication& application() {
+    static int argc = 1;
+    static char name[] = "bench_app";
+    static char* argv[] = {name, nullptr};
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    static QApplication app(argc, argv);
+    return app;
+}
+
+// From constructing the main frame to the first full clock drawn off-screen:
+// what the window does before its first painted clock.
+void FrameStartToFirstClock(benchmark::State& state) {
+    application();
+    const Paths& paths = shippedRoot();
+    const auto profile = deviceProfile(int(state.range(0)), int(state.range(1)));
+    for (auto _ : state) {
+        CMainFrame frame(paths, ClockSource::system(), *profile);
+        frame.DeferredStart();
+        benchmark::DoNotOptimize(frame.fullClock()->renderImage());
+    }
+}
+BENCHMARK(FrameStartToFirstClock)
+    ->Args({480, 640})
+    ->Args({240, 320})
+    ->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+} // namespace zonara

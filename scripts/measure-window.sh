@@ -1,0 +1,52 @@
+#!/usr/bin/env bash
+# Starts Zonara's window on a private Xvfb display and reports, for each device
+# profile, the time from start to the mapped window, a screenshot, and the CPU
+# time the ticking clock uses over a period.
+#
+#   scripts/measure-window.sh BUILD_DIR OUT_DIR [SECONDS] [PROFILE...]
+#
+# Needs xvfb, xdotool and imagemagick (Debian packages); development use only.
+set -euo pipefail
+
+build=${1:?build folder, e.g. build}
+out=${2:?folder for screenshots}
+seconds=${3:-60}
+shift $(( $# < 3 ? $# : 3 ))
+profiles=("$@")
+[ ${#profiles[@]} -gt 0 ] || profiles=(480x640 240x320 176x220 640x480 320x240)
+
+zonara="$build/bin/zonara"
+mkdir -p "$out"
+display=:$(( 90 + RANDOM % 9 ))
+Xvfb "$display" -screen 0 1280x1024x24 >/dev/null 2>&1 &
+xvfb=$!
+trap 'kill $xvfb 2>/dev/null' EXIT
+sleep 1
+export DISPLAY=$display
+
+ticks=$(getconf CLK_TCK)
+for profile in "${profiles[@]}"; do
+    root=$(mktemp -d)
+    cp -r "$build/bin/Data" "$build/bin/Graphics" "$root/"
+    rm -f "$root/Data/tstamp.dat" # the first start prepares the data, as a fresh install does
+    start=$(date +%s%N)
+    "$zonara" --root "$root" --screen "$profile" &
+    pid=$!
+    xdotool search --sync --onlyvisible --name '^Zonara$' >/dev/null
+    mapped=$(date +%s%N)
+    sleep 1
+    window=$(xdotool search --onlyvisible --name '^Zonara$' | head -n 1)
+    import -window "$window" "$out/window-$profile.png"
+    read -r -a stat < "/proc/$pid/stat"
+    before=$(( stat[13] + stat[14] ))
+    sleep "$seconds"
+    read -r -a stat < "/proc/$pid/stat"
+    after=$(( stat[13] + stat[14] ))
+    kill "$pid"
+    wait "$pid" 2>/dev/null || true
+    rm -rf "$root"
+    cpu_ms=$(( (after - before) * 1000 / ticks ))
+    printf '%s\tstart to window %d ms\tCPU %d ms over %d s (%s%%)\n' "$profile" \
+        $(( (mapped - start) / 1000000 )) "$cpu_ms" "$seconds" \
+        "$(awk -v c="$cpu_ms" -v s="$seconds" 'BEGIN { printf "%.2f", c / (s * 10) }')"
+done
