@@ -1,6 +1,5 @@
 #pragma once
-// The dialog that chooses the city of one clock slot: a search field, the
-// country list and the city list, and the soft-key bar with "Done" and "Menu".
+// The dialog that chooses a clock slot's city by country and city or by search.
 
 #include <optional>
 

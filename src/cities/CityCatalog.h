@@ -1,6 +1,5 @@
 #pragma once
-// The countries and cities a city is chosen from, loaded as they are needed,
-// and the search that finds a city by any part of its name.
+// The countries and cities to choose from, loaded as needed, and the city search.
 
 #include <cstddef>
 #include <optional>

@@ -1,6 +1,5 @@
 #pragma once
-// The form in which city names are compared when searching: case and common
-// Latin accents folded away, so "sao" finds "São Paulo".
+// City names folded for searching, so "sao" finds "São Paulo".
 
 #include <string>
 #include <string_view>
