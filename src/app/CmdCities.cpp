@@ -1,5 +1,3 @@
-#include <cstdio>
-
 #include "app/Commands.h"
 #include "app/WorldAccess.h"
 #include "core/WorldFiles.h"
@@ -7,23 +5,9 @@
 
 namespace zonara {
 
-namespace {
-
-std::string twoPlaces(float value) {
-    char text[32];
-    std::snprintf(text, sizeof text, "%.2f", double(value));
-    return text;
-}
-
-} // namespace
-
 int runCities(CommandContext& ctx, Args& args) {
     const std::optional<std::string> countryName = args.option("--country");
-    if (const auto extra = args.positionals(); !args.ok() || !extra.empty()) {
-        ctx.err << "zonara cities: "
-                << (args.ok() ? "unexpected '" + extra.front() + "'; use --country NAME"
-                              : args.error())
-                << "\n";
+    if (!expectNoMoreArgs(ctx, args, "cities", "use --country NAME")) {
         return 1;
     }
     prepareWorld(ctx);
@@ -47,8 +31,9 @@ int runCities(CommandContext& ctx, Args& args) {
     TablePrinter table({"City", "Longitude", "Latitude", "Airport", "Dial", "Area", "Zone",
                         "Offset", "Rule", "Station", "Weather query"});
     for (const City& city : country.cities) {
-        table.add({city.name, twoPlaces(city.longitude), twoPlaces(city.latitude), city.airportCode,
-                   city.countryDialCode, city.areaDialCode, std::to_string(city.timeZoneIndex),
+        table.add({city.name, twoDecimals(city.longitude), twoDecimals(city.latitude),
+                   city.airportCode, city.countryDialCode, city.areaDialCode,
+                   std::to_string(city.timeZoneIndex),
                    std::string(zoneRow(city.timeZoneIndex).offsetText),
                    std::to_string(city.dstRuleIndex), city.stationCode, city.weatherQuery});
     }

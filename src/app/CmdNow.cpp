@@ -1,23 +1,15 @@
 #include "app/ClockRows.h"
 #include "app/Commands.h"
 #include "app/WorldAccess.h"
-#include "core/Settings.h"
 #include "core/Text.h"
-#include "core/WorldFiles.h"
 
 namespace zonara {
 
 int runNow(CommandContext& ctx, Args& args) {
-    if (const auto extra = args.positionals(); !args.ok() || !extra.empty()) {
-        ctx.err << "zonara now: "
-                << (args.ok() ? "unexpected '" + extra.front() + "'" : args.error()) << "\n";
+    if (!expectNoMoreArgs(ctx, args, "now")) {
         return 1;
     }
-    prepareWorld(ctx);
-    Settings settings;
-    settings.Load(ctx.paths.dataFile(settingsFileName));
-    DstRuleList rules;
-    loadDstRules(ctx.paths, rules);
+    const auto [settings, rules] = loadClockSetup(ctx);
 
     const SystemTime utc = ctx.clock.utcNow();
     TablePrinter table(clockRowHeader());

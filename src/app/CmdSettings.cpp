@@ -1,6 +1,5 @@
 #include <array>
 #include <charconv>
-#include <cstdio>
 #include <filesystem>
 #include <ostream>
 
@@ -77,12 +76,6 @@ std::string applySetting(Settings& settings, std::string_view assignment) {
     return "no setting named '" + std::string(name) + "'; 'zonara settings --help' lists the names";
 }
 
-std::string decimal(float value) {
-    char text[32];
-    std::snprintf(text, sizeof text, "%.2f", double(value));
-    return text;
-}
-
 void printSettings(const Settings& s, std::ostream& out, bool tsv) {
     TablePrinter table({"Name", "Value"});
     for (std::size_t i = 0; i < s.slots.size(); ++i) {
@@ -94,8 +87,8 @@ void printSettings(const Settings& s, std::ostream& out, bool tsv) {
         table.add({p + "dialCode", toUtf8(slot.dialCode)});
         table.add({p + "timeZoneIndex", std::to_string(slot.timeZoneIndex)});
         table.add({p + "dstRuleIndex", std::to_string(slot.dstRuleIndex)});
-        table.add({p + "longitude", decimal(slot.longitude)});
-        table.add({p + "latitude", decimal(slot.latitude)});
+        table.add({p + "longitude", twoDecimals(slot.longitude)});
+        table.add({p + "latitude", twoDecimals(slot.latitude)});
         table.add({p + "stationCode", toUtf8(slot.stationCode)});
         table.add({p + "weatherQuery", toUtf8(slot.weatherQuery)});
     }
@@ -115,11 +108,7 @@ void printSettings(const Settings& s, std::ostream& out, bool tsv) {
 
 int runSettings(CommandContext& ctx, Args& args) {
     const std::vector<std::string> assignments = args.options("--set");
-    if (const auto extra = args.positionals(); !args.ok() || !extra.empty()) {
-        ctx.err << "zonara settings: "
-                << (args.ok() ? "unexpected '" + extra.front() + "'; use --set NAME=VALUE"
-                              : args.error())
-                << "\n";
+    if (!expectNoMoreArgs(ctx, args, "settings", "use --set NAME=VALUE")) {
         return 1;
     }
     Settings settings;

@@ -1,7 +1,6 @@
 #include "app/ClockRows.h"
 #include "app/Commands.h"
 #include "app/WorldAccess.h"
-#include "core/Settings.h"
 #include "core/WorldFiles.h"
 
 namespace zonara {
@@ -22,11 +21,7 @@ int runTime(CommandContext& ctx, Args& args) {
         return 1;
     }
 
-    prepareWorld(ctx);
-    Settings settings;
-    settings.Load(ctx.paths.dataFile(settingsFileName));
-    DstRuleList rules;
-    loadDstRules(ctx.paths, rules);
+    const auto [settings, rules] = loadClockSetup(ctx);
     const SystemTime utc = ctx.clock.utcNow();
     const bool use24Hour = settings.use24Hour != 0;
     TablePrinter table(clockRowHeader());

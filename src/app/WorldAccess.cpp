@@ -1,6 +1,7 @@
 #include "app/WorldAccess.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <ostream>
 
 #include "core/Text.h"
@@ -45,6 +46,36 @@ void reportNoMatch(std::ostream& err, std::string_view kind, const std::string& 
 }
 
 } // namespace
+
+std::string twoDecimals(float value) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.2f", double(value));
+    return text;
+}
+
+bool expectNoMoreArgs(CommandContext& ctx, Args& args, std::string_view command,
+                      std::string_view hint) {
+    const std::vector<std::string> extra = args.positionals();
+    if (args.ok() && extra.empty()) {
+        return true;
+    }
+    ctx.err << "zonara " << command << ": ";
+    if (!args.ok()) {
+        ctx.err << args.error();
+    } else {
+        ctx.err << "unexpected '" << extra.front() << "'" << (hint.empty() ? "" : "; ") << hint;
+    }
+    ctx.err << "\n";
+    return false;
+}
+
+ClockSetup loadClockSetup(CommandContext& ctx) {
+    prepareWorld(ctx);
+    ClockSetup setup;
+    setup.settings.Load(ctx.paths.dataFile(settingsFileName));
+    loadDstRules(ctx.paths, setup.rules);
+    return setup;
+}
 
 bool prepareWorld(CommandContext& ctx) {
     if (!dataFilesChanged(ctx.paths)) {

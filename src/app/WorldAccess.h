@@ -4,13 +4,28 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "app/CommandLine.h"
 #include "core/Country.h"
 #include "core/DstRule.h"
+#include "core/Settings.h"
 
 namespace zonara {
+
+// For commands that take no positional words: reports a leftover word (with
+// the hint, if any) or a bad option on ctx.err; true when there was none.
+bool expectNoMoreArgs(CommandContext& ctx, Args& args, std::string_view command,
+                      std::string_view hint = {});
+
+// The settings and the daylight-saving rules, after the rebuild check: what
+// every command that shows a local time needs.
+struct ClockSetup {
+    Settings settings;
+    DstRuleList rules;
+};
+ClockSetup loadClockSetup(CommandContext& ctx);
 
 // Runs the rebuild check before the world files are read, telling stderr
 // while a rebuild runs. False (with a message on stderr) when the rebuilt files
@@ -32,6 +47,9 @@ std::optional<CityMatch> findCity(CommandContext& ctx, CountryList& countries,
 // The same for a country alone.
 const Country* findCountry(CommandContext& ctx, CountryList& countries,
                            const std::string& countryName);
+
+// A coordinate as the world files write it: two decimal places.
+std::string twoDecimals(float value);
 
 // Prints rows as tab-separated lines, or as an aligned table with a header.
 class TablePrinter {

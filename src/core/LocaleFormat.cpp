@@ -52,10 +52,9 @@ std::size_t copyQuoted(std::string_view picture, std::size_t i, std::string& out
 constexpr std::string_view shortDatePicture = "M/d/yyyy";
 constexpr std::string_view longDatePicture = "dddd, MMMM dd, yyyy";
 
-} // namespace
-
-std::string expandTimePicture(const ZoneTime& t, std::string_view picture, std::string_view am,
-                              std::string_view pm) {
+// Walks a picture: quoted literals are copied, and each run of one letter is
+// handed to `field` with its length; a run it does not know is copied as is.
+template <typename Field> std::string expandPicture(std::string_view picture, Field field) {
     std::string out;
     for (std::size_t i = 0; i < picture.size();) {
         const char c = picture[i];
@@ -64,72 +63,72 @@ std::string expandTimePicture(const ZoneTime& t, std::string_view picture, std::
             continue;
         }
         const std::size_t n = runLength(picture, i);
-        const std::size_t width = n >= 2 ? 2 : 1;
-        switch (c) {
-        case 'h': {
-            const std::int32_t h12 = t.hour % 12 == 0 ? 12 : t.hour % 12;
-            out += number(h12, width);
-            break;
-        }
-        case 'H':
-            out += number(t.hour, width);
-            break;
-        case 'm':
-            out += number(t.minute, width);
-            break;
-        case 's':
-            out += number(t.second, width);
-            break;
-        case 't': {
-            const std::string_view designator = t.hour < 12 ? am : pm;
-            out += n == 1 ? designator.substr(0, 1) : designator;
-            break;
-        }
-        default:
+        if (!field(c, n, out)) {
             out.append(n, c);
-            break;
         }
         i += n;
     }
     return out;
 }
 
-std::string expandDatePicture(const ZoneTime& t, std::string_view picture) {
-    std::string out;
-    for (std::size_t i = 0; i < picture.size();) {
-        const char c = picture[i];
-        if (c == '\'') {
-            i = copyQuoted(picture, i, out);
-            continue;
+// A name from a table by a 0-based index, cut to three letters for a run of
+// three; nothing for an index outside the table.
+template <std::size_t N>
+std::string_view nameOf(const std::array<std::string_view, N>& names, std::int32_t index,
+                        std::size_t run) {
+    if (index < 0 || std::size_t(index) >= N) {
+        return {};
+    }
+    const std::string_view name = names[std::size_t(index)];
+    return run == 3 ? name.substr(0, 3) : name;
+}
+
+} // namespace
+
+std::string expandTimePicture(const ZoneTime& t, std::string_view picture, std::string_view am,
+                              std::string_view pm) {
+    return expandPicture(picture, [&](char c, std::size_t n, std::string& out) {
+        const std::size_t width = n >= 2 ? 2 : 1;
+        switch (c) {
+        case 'h':
+            out += number(t.hour % 12 == 0 ? 12 : t.hour % 12, width);
+            return true;
+        case 'H':
+            out += number(t.hour, width);
+            return true;
+        case 'm':
+            out += number(t.minute, width);
+            return true;
+        case 's':
+            out += number(t.second, width);
+            return true;
+        case 't': {
+            const std::string_view designator = t.hour < 12 ? am : pm;
+            out += n == 1 ? designator.substr(0, 1) : designator;
+            return true;
         }
-        const std::size_t n = runLength(picture, i);
+        default:
+            return false;
+        }
+    });
+}
+
+std::string expandDatePicture(const ZoneTime& t, std::string_view picture) {
+    return expandPicture(picture, [&](char c, std::size_t n, std::string& out) {
         switch (c) {
         case 'd':
-            if (n <= 2) {
-                out += number(t.day, n);
-            } else {
-                const std::string_view name = dayNames[std::size_t(t.weekday)];
-                out += n == 3 ? name.substr(0, 3) : name;
-            }
-            break;
+            out += n <= 2 ? number(t.day, n) : std::string(nameOf(dayNames, t.weekday, n));
+            return true;
         case 'M':
-            if (n <= 2) {
-                out += number(t.month, n);
-            } else {
-                const std::string_view name = monthNames[std::size_t(t.month - 1)];
-                out += n == 3 ? name.substr(0, 3) : name;
-            }
-            break;
+            out += n <= 2 ? number(t.month, n) : std::string(nameOf(monthNames, t.month - 1, n));
+            return true;
         case 'y':
             out += n <= 2 ? number(t.year % 100, n) : number(t.year, 4);
-            break;
+            return true;
         default:
-            out.append(n, c);
-            break;
+            return false;
         }
-        i += n;
-    }
-    return out;
+    });
 }
 
 std::string EnglishLocale::formatTime(const ZoneTime& t, std::string_view picture) const {
