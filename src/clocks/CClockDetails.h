@@ -62,6 +62,8 @@ class CClockDetails : public QWidget {
     CAnalogueClock* analogueClock() const { return analogue.get(); }
     CDigitalClock* digitalClock() const { return digital.get(); }
     const QImage& backgroundImage() const { return background; }
+    // Fires Refresh once a second while the view exists.
+    const QTimer& refreshTimer() const { return timer; }
     // The font a field is drawn in: its points at the profile's dots per inch.
     QFont fieldFont(const TextField& field) const;
 

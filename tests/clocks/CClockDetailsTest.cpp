@@ -271,9 +271,11 @@ TEST_F(CClockDetailsTest, WhatTheSkinLacksIsNotDrawn) {
     EXPECT_EQ(count(image, image.rect(), qRgb(0, 0, 0)), 480 * 640);
 }
 
-TEST_F(CClockDetailsTest, FontFollowsTheProfileDotsPerInch) {
+TEST_F(CClockDetailsTest, SizeTimerAndFontFollowTheProfile) {
     writeFile(paths.graphicsFile("full_240x320.xml"), fullScheme);
     CClockDetails small(paths, clock, *deviceProfile(240, 320));
+    EXPECT_TRUE(small.refreshTimer().isActive());
+    EXPECT_EQ(small.refreshTimer().interval(), 1000);
     small.ApplySkin("full");
     EXPECT_EQ(small.size(), QSize(240, 320));
     EXPECT_EQ(small.fieldFont(small.fields()[CitySlot]).pixelSize(), 13);
