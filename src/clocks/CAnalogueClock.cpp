@@ -35,9 +35,13 @@ void CAnalogueClock::hideSeconds(bool hide) {
 }
 
 const QImage& CAnalogueClock::render() {
-    clock.applyClientSize(width(), height());
     if (buffer.size() != size())
         buffer = QImage(size(), QImage::Format_RGB32);
+    if (buffer.isNull())
+        return buffer;
+    // A window drawn before its resize event has been delivered still takes
+    // its defaults from the size it has.
+    clock.applyClientSize(width(), height());
     // Without a picture, or where it ends, the face is black rather than the
     // previous paint's hands.
     const QRect source(backgroundOffset, size());
