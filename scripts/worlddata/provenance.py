@@ -5,6 +5,11 @@ import collections
 from .sources import DEBIAN_PACKAGES, NPM_PACKAGES
 
 
+# Countries with area codes for which libphonenumber has no geocoding data.
+WITH_AREA_CODES = {"Bolivia", "Cambodia", "Eritrea", "Iraq", "Laos", "Malaysia", "Nepal",
+                   "Uzbekistan", "Liberia", "Malawi", "South Sudan"}
+
+
 def readme(ordered, rules, deviations, stats, area_codes, tzdata, geonames_date):
     cities = [c for _, group in ordered for c in group]
     reasons = collections.Counter(r for c in cities for r in c.reasons)
@@ -64,13 +69,16 @@ def readme(ordered, rules, deviations, stats, area_codes, tzdata, geonames_date)
         "the more populous is kept, because the program looks cities up by name.",
         "- A tzdata zone location missing from GeoNames' populated places (research stations, "
         "small islands) is written with tzdata's own coordinates and the zone's last name part.",
-        "- Airport code: the city's own scheduled airport with an IATA code (named after the "
-        "city in OurAirports, within 60 km; large before medium, then 'International' in its "
-        "name, then the nearer), else the nearest large or medium scheduled airport within "
-        "30 km, else the nearest anywhere. OurAirports has no traffic figures, so the main "
-        "airport of a city with several is a heuristic.",
-        "- Station code: the ICAO code of the nearest airfield that has one (the weather "
-        "station nearest the city centre; London gives EGLC, London City).",
+        "- Airport code: among the scheduled airports with an IATA code within 60 km that "
+        "belong to the city (OurAirports' town is the city's name, else one of its other names, "
+        "else a keyword names it): large before medium, then the closer name, then "
+        "'International' in the airport's name, then the nearer; else the nearest large (then "
+        "medium) scheduled airport within 30 km; else the nearest anywhere. OurAirports has no "
+        "traffic figures, so where a city has several large airports the choice is a heuristic "
+        "(Chicago gets MDW, Seoul GMP, Bangkok DMK, Istanbul ISL, which the data set still lists).",
+        "- Station code: the ICAO code of the nearest airport with scheduled flights that has "
+        "one, else of the nearest airfield (the weather station nearest the city centre; "
+        "London gives EGLC, London City).",
         "- Dialling code: countries-list; a North American Numbering Plan country's "
         "three-digit code (1 876 Jamaica) is split into 1 and the area code.",
         "- Area code: the shortest libphonenumber geocoding prefix whose place is the city; "
@@ -95,9 +103,16 @@ def readme(ordered, rules, deviations, stats, area_codes, tzdata, geonames_date)
         "- city-zones.tsv: each city's tzdata zone, for the test that compares every city "
         "with tzdata.",
         "",
-        "## Countries without geocoding data for area codes",
+        "## Area codes left empty",
         "",
-        "Their cities have an empty area code: " + ", ".join(no_data) + ".",
+        f"- {len(cities) - with_area} cities have none. Countries without geocoding data: "
+        + ", ".join(no_data) + ".",
+        "- Of these, " + ", ".join(n for n in no_data if n in WITH_AREA_CODES) + " do have area "
+        "codes that no data set reachable here names; the others have closed numbering plans "
+        "(no area codes) as far as the maintainers know.",
+        "- In countries with geocoding data, a city stays empty where the data names only "
+        "regions (the Philippines, much of Mexico, Russia and India) and no named city lies "
+        "within 40 km.",
         "",
     ]
     return "\n".join(lines).encode()
