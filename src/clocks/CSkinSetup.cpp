@@ -43,24 +43,42 @@ CSkinSetup::CSkinSetup(const Paths& paths, const DeviceProfile& profile,
     previewLabel->setAlignment(Qt::AlignCenter);
     previewLabel->setMinimumSize(1, 1);
 
-    // The soft-key bar: Done on the left, Cancel in the Menu on the right.
-    done = new QPushButton(tr("Done"), this);
-    auto* menuButton = new QPushButton(tr("Menu"), this);
+    // The soft-key bar, drawn like the main window's: "Done" on the left,
+    // "Menu" with its popup (Cancel) on the right, across the bottom edge.
+    auto* bar = new QWidget(this);
+    bar->setObjectName(QStringLiteral("softKeyBar"));
+    bar->setAutoFillBackground(true);
+    bar->setBackgroundRole(QPalette::Button);
+    done = new QPushButton(tr("Done"), bar);
+    done->setObjectName(QStringLiteral("done"));
+    done->setFlat(true);
+    done->setDefault(true);
+    auto* menuButton = new QPushButton(tr("Menu"), bar);
+    menuButton->setObjectName(QStringLiteral("menu"));
+    menuButton->setFlat(true);
+    menuButton->setAutoDefault(false);
     auto* menu = new QMenu(menuButton);
     cancel = menu->addAction(tr("Cancel"));
+    cancel->setObjectName(QStringLiteral("cancel"));
     menuButton->setMenu(menu);
     connect(done, &QPushButton::clicked, this, &QDialog::accept);
     connect(cancel, &QAction::triggered, this, &QDialog::reject);
+    auto* barLayout = new QHBoxLayout(bar);
+    barLayout->setContentsMargins(4, 2, 4, 2);
+    barLayout->addWidget(done);
+    barLayout->addStretch();
+    barLayout->addWidget(menuButton);
 
-    auto* bar = new QHBoxLayout;
-    bar->addWidget(done);
-    bar->addStretch(1);
-    bar->addWidget(menuButton);
-
+    auto* content = new QVBoxLayout;
+    content->setContentsMargins(6, 6, 6, 6);
+    content->addWidget(new QLabel(tr("Skin"), this));
+    content->addWidget(list, 1);
+    content->addWidget(previewLabel, 2);
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(list, 1);
-    layout->addWidget(previewLabel, 2);
-    layout->addLayout(bar);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addLayout(content, 1);
+    layout->addWidget(bar);
 
     connect(list, &QListWidget::currentRowChanged, this, [this] { showPreview(); });
     if (!names.empty())
@@ -85,14 +103,21 @@ bool CSkinSetup::skinChanged() const {
 
 void CSkinSetup::showPreview() {
     preview = skinPreviewPicture(paths, chosenSkin(), profile.width, profile.height);
+    scalePreview();
+}
+
+void CSkinSetup::scalePreview() {
     if (preview.isNull()) {
         previewLabel->clear();
         return;
     }
-    const QSize room = previewLabel->size().isEmpty() ? QSize(profile.width / 2, profile.height / 2)
-                                                      : previewLabel->size();
-    previewLabel->setPixmap(
-        QPixmap::fromImage(preview.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation)));
+    previewLabel->setPixmap(QPixmap::fromImage(
+        preview.scaled(previewLabel->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation)));
+}
+
+void CSkinSetup::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    scalePreview();
 }
 
 } // namespace zonara

@@ -41,8 +41,12 @@ class CSkinSetup : public QDialog {
     QPushButton* doneButton() const { return done; }
     QAction* cancelAction() const { return cancel; }
 
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
   private:
     void showPreview();
+    void scalePreview();
 
     Paths paths;
     DeviceProfile profile;
