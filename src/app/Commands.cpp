@@ -74,7 +74,7 @@ constexpr std::array commandTable = {
         "unless --size is given; the analogue clock is drawn over its part of the\n"
         "skin's background picture.\n",
         runRenderClock},
-    Subcommand{"render", "full --out FILE.png [--slot N] [--skin NAME]",
+    Subcommand{"render", "full --out FILE.png [--screen WxH] [--slot N] [--skin NAME]",
         "draw the full clock view into a PNG",
         "Draws the full clock view offscreen exactly as the window shows it, at the\n"
         "size of --screen (default 480x640; a known screen), with the skin's scheme\n"
