@@ -42,19 +42,23 @@ class AreaCodes:
         if dial not in self.maps:
             by_name = {}
             for prefix, description in geocoding(dial).items():
+                region = description.split(",")[-1].strip() if "," in description else ""
                 for name in _place_names(description, dial == "1"):
-                    by_name.setdefault(name, []).append(prefix)
+                    by_name.setdefault(name, []).append((prefix, region))
             self.maps[dial] = by_name
         return self.maps[dial]
 
     def has_data(self, dial):
         return bool(self._map(dial))
 
-    def lookup(self, dial, country, names):
+    def lookup(self, dial, country, names, region=""):
+        """The area code of a city known by these names; region, where given,
+        keeps only places of that region (a US state: Portland, OR)."""
         by_name = self._map(dial)
         prefixes = []
         for name in names:
-            prefixes = by_name.get(fold(name), [])
+            found = by_name.get(fold(name), [])
+            prefixes = [p for p, r in found if not region or r == region]
             if prefixes:
                 break
         if not prefixes:

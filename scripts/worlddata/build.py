@@ -123,7 +123,8 @@ def build():
             # Other names only where the data qualifies every town by its state:
             # elsewhere an alternate name is often a region's (Quezon City's "Quezon").
             names = [p.name] + (p.alternates if city.dial == "1" else [])
-            city.area = area_codes.lookup(city.dial, p.country, names)
+            state = p.admin1 if p.country == "US" else ""
+            city.area = area_codes.lookup(city.dial, p.country, names, state)
         city.query = urllib.parse.quote_plus(f"{p.name}, {p.country}")
         city.key, city.rule_texts, *_ = chooser.choose(tz, p.lat, p.lon)
         cities.append(city)

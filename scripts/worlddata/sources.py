@@ -87,6 +87,7 @@ class Place:
     country: str
     population: int
     tz: str
+    admin1: str = ""  # first-level division; a US state's postal code
     reasons: set = field(default_factory=set)
 
 
@@ -104,7 +105,7 @@ def geonames_places():
                 continue
             places.append(Place(int(f[0]), f[1].strip(), f[3].split(",") if f[3] else [],
                                 float(f[4]), float(f[5]), f[7], f[8],
-                                int(f[14] or 0), f[17]))
+                                int(f[14] or 0), f[17], f[10]))
     return places
 
 
