@@ -42,6 +42,8 @@ class AreaCodes:
         if dial not in self.maps:
             by_name = {}
             for prefix, description in geocoding(dial).items():
+                if description.endswith(" D.C."):  # the District, written like a town
+                    description = description[:-5] + ", DC"
                 region = description.split(",")[-1].strip() if "," in description else ""
                 for name in _place_names(description, dial == "1"):
                     by_name.setdefault(name, []).append((prefix, region))
