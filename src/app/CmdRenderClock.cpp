@@ -1,14 +1,13 @@
 #include <cstdio>
 #include <filesystem>
-#include <memory>
 #include <optional>
 #include <string>
 
-#include <QApplication>
 #include <QImage>
 #include <QString>
 
 #include "app/Commands.h"
+#include "app/OffscreenApp.h"
 #include "clocks/CAnalogueClock.h"
 #include "clocks/CDigitalClock.h"
 #include "clocks/CXMLParser.h"
@@ -28,27 +27,6 @@ namespace zonara {
 namespace {
 
 constexpr std::string_view commandName = "zonara render-clock: ";
-
-// The widgets need an application object; on the command line there is none
-// and there may be no display, so one is made on the offscreen platform
-// unless the environment names another.
-class RenderApplication {
-  public:
-    RenderApplication() {
-        if (QCoreApplication::instance() != nullptr)
-            return;
-        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-            qputenv("QT_QPA_PLATFORM", "offscreen");
-        app = std::make_unique<QApplication>(argc, argv);
-    }
-    bool usable() const { return qobject_cast<QApplication*>(QCoreApplication::instance()); }
-
-  private:
-    int argc = 1;
-    char name[7] = "zonara";
-    char* argv[2] = {name, nullptr};
-    std::unique_ptr<QApplication> app;
-};
 
 QString toQString(const std::filesystem::path& path) {
     return QString::fromStdString(path.string());
@@ -118,7 +96,7 @@ int runRenderClock(CommandContext& ctx, Args& args) {
         CXMLParser::Result::Value)
         return fail(ctx, "the scheme has no " + element + "/@state");
 
-    RenderApplication application;
+    OffscreenApp application;
     if (!application.usable())
         return fail(ctx, "cannot draw: a non-widget Qt application is running");
 
