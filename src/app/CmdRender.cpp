@@ -12,9 +12,6 @@
 #include "clocks/SkinFiles.h"
 #include "core/DeviceProfile.h"
 
-// Qt's keyword macro would otherwise rewrite Settings::slots; nothing here
-// declares Qt slots.
-#undef slots
 #include "core/Settings.h"
 #include "core/Text.h"
 #include "core/WorldFiles.h"

@@ -14,9 +14,6 @@
 #include "clocks/SkinFiles.h"
 #include "clocks/SkinScheme.h"
 
-// Qt's keyword macro would otherwise rewrite Settings::slots; nothing here
-// declares Qt slots.
-#undef slots
 #include "core/Settings.h"
 #include "core/Text.h"
 #include "core/WorldFiles.h"

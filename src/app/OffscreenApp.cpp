@@ -1,6 +1,9 @@
 #include "app/OffscreenApp.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <unistd.h>
 
 namespace zonara {
 
@@ -9,6 +12,16 @@ OffscreenApp::OffscreenApp() {
         return;
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Without a session, Qt picks a private runtime folder itself but warns on
+    // stderr; name that folder so a command's output stays clean.
+    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
+        const QString runtime =
+            QDir::tempPath() + QStringLiteral("/runtime-") + QString::number(::getuid());
+        QDir().mkpath(runtime);
+        QFile::setPermissions(runtime, QFileDevice::ReadOwner | QFileDevice::WriteOwner |
+                                           QFileDevice::ExeOwner);
+        qputenv("XDG_RUNTIME_DIR", runtime.toLocal8Bit());
+    }
     app = std::make_unique<QApplication>(argc, argv);
 }
 

@@ -11,8 +11,6 @@
 #include "support/CommandRunner.h"
 #include "support/TempDir.h"
 
-// Qt's keyword macro would otherwise rewrite Settings::slots.
-#undef slots
 #include "core/Settings.h"
 
 namespace zonara {

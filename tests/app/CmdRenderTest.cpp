@@ -9,7 +9,6 @@
 #include "core/Paths.h"
 #include "support/TempDir.h"
 
-#undef slots
 #include "core/Settings.h"
 #include "core/Text.h"
 
