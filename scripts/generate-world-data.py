@@ -53,7 +53,7 @@ def main():
         "version40.dat": writers.version_file(country_file, city_file, rule_file),
         "sources/city-zones.tsv": writers.tsv(["country", "city", "zone"], zone_rows),
         "sources/deviations.tsv": writers.tsv(
-            ["country", "city", "zone", "key", "rule", "wrong_hours", "max_error_minutes",
+            ["country", "city", "zone", "key", "rule", "wrong_instants", "max_error_minutes",
              "why"], deviation_rows),
     }
     outputs["sources/README.md"] = readme(ordered, rules, deviation_rows, stats, area_codes,

@@ -6,6 +6,7 @@ from .sources import Place, distance_km, fold
 
 MILLION = 1_000_000
 TARGET_CITIES = 2600
+ZONE_TOWN_KM = 25
 
 
 class Selection:
@@ -59,12 +60,19 @@ def select(places, countries, zone_rows, airport_index):
 
     for codes, lat, lon, zone in zone_rows:
         name = zone.split("/")[-1].replace("_", " ")
-        country = codes[0]
-        if country not in countries:
+        codes = [c for c in codes if c in countries]
+        if not codes:
             continue
-        found = sel.named(country, name, lat, lon, km=150)
+        found = next((p for p in (sel.named(c, name, lat, lon, km=150) for c in codes) if p),
+                     None)
         if not found:
-            found = Place(-len(sel.synthesised) - 1, name, [], lat, lon, "ZONE", country, 0, zone)
+            # A zone named after its country or island (America/Barbados,
+            # Pacific/Fiji): the largest town near tzdata's point stands for it.
+            nearby = [x for c in codes for x in sel.near(lat, lon, ZONE_TOWN_KM, c, tz=zone)]
+            found = max(nearby, key=lambda x: (x[1].population, -x[0]))[1] if nearby else None
+        if not found:
+            found = Place(-len(sel.synthesised) - 1, name, [], lat, lon, "ZONE", codes[0], 0,
+                          zone)
             sel.synthesised.append(found)
         found.tz = zone  # the location stands for its zone
         sel.add(found, "zone")

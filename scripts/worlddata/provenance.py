@@ -59,7 +59,10 @@ def readme(ordered, rules, deviations, stats, area_codes, tzdata, geonames_date)
         f"- checked instants (every hour of 2026 and 2027, a minute either side of each "
         f"transition): {stats['samples']}; matching tzdata: {matched} "
         f"({100.0 * matched / max(1, stats['samples']):.4f} %)",
-        f"- cities that differ from tzdata somewhere: {len(deviations)} (deviations.tsv)",
+        f"- cities that differ from tzdata somewhere: {len(deviations)} (deviations.tsv: "
+        "wrong_instants counts the checked instants whose local time differs, "
+        "max_error_minutes is the largest difference, why names what the zone table or the "
+        "notation lacks)",
         "",
         "## How the fields are made",
         "",
@@ -67,8 +70,11 @@ def readme(ordered, rules, deviations, stats, area_codes, tzdata, geonames_date)
         "countries-list. Where two chosen places of one country share a name, the one chosen "
         "for the stronger reason (capital, zone location, million, airport, population) or "
         "the more populous is kept, because the program looks cities up by name.",
-        "- A tzdata zone location missing from GeoNames' populated places (research stations, "
-        "small islands) is written with tzdata's own coordinates and the zone's last name part.",
+        "- A tzdata zone location is the GeoNames place of the zone's last name part in one of "
+        "the zone's countries, within 150 km of tzdata's point; for a zone named after a "
+        "country or island (America/Barbados, Pacific/Fiji) the largest place of that zone "
+        "within 25 km of the point; else (research stations, small settlements) a city "
+        "written with tzdata's own coordinates and the zone's name.",
         "- Airport code: among the scheduled airports with an IATA code within 60 km that "
         "belong to the city (OurAirports' town is the city's name, else one of its other names, "
         "else a keyword names it): large before medium, then the closer name, then "
