@@ -52,7 +52,8 @@ std::vector<std::string> clockRow(const ClockRowInput& input, const SystemTime& 
     }
     std::string time = formatClockTime(local, use24Hour);
     if (!use24Hour) {
-        time += " " + formatAmPm(local);
+        time += ' ';
+        time += formatAmPm(local);
     }
     return {input.slot,
             input.city,

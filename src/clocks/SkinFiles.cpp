@@ -6,7 +6,12 @@
 namespace zonara {
 
 std::string schemeSuffix(int width, int height) {
-    return "_" + std::to_string(width) + "x" + std::to_string(height) + ".xml";
+    std::string suffix = "_";
+    suffix += std::to_string(width);
+    suffix += 'x';
+    suffix += std::to_string(height);
+    suffix += ".xml";
+    return suffix;
 }
 
 std::filesystem::path schemeFile(const Paths& paths, std::string_view skinName, int width,
