@@ -16,10 +16,10 @@
 #include "app/FrameCommands.h"
 #include "app/HelpPage.h"
 #include "app/PlaceholderView.h"
-#include "app/SoftKeyBar.h"
 #include "cities/CCitySelection.h"
 #include "clocks/CClockDetails.h"
 #include "clocks/CSkinSetup.h"
+#include "controls/SoftKeyBar.h"
 #include "core/Text.h"
 #include "core/WorldFiles.h"
 
@@ -40,7 +40,7 @@ CMainFrame::CMainFrame(const Paths& paths, const ClockSource& clock, const Devic
                        QWidget* parent)
     : QWidget(parent), paths(paths), clock(clock), profile(profile), catalog(paths),
       views(new QStackedWidget(this)), clockView(new CClockDetails(paths, this->clock, profile)),
-      bar(new SoftKeyBar(this)) {
+      bar(new SoftKeyBar(tr("Select City"), this)) {
     setWindowTitle(QStringLiteral("Zonara"));
     setObjectName(QStringLiteral("Zonara"));
     runDialog = [](QDialog& dialog) { return dialog.exec(); };
@@ -64,7 +64,6 @@ CMainFrame::CMainFrame(const Paths& paths, const ClockSource& clock, const Devic
     layout->addWidget(bar);
     layout->setSizeConstraint(QLayout::SetFixedSize);
 
-    bar->leftButton()->setText(tr("Select City"));
     connect(bar->leftButton(), &QPushButton::clicked, this, [this] { OnCommand(32772); });
     BuildMenu();
     setFocusPolicy(Qt::StrongFocus);

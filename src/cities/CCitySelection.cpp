@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "controls/SoftKeyBar.h"
 #include "core/Text.h"
 
 namespace zonara {
@@ -79,29 +80,13 @@ void CCitySelection::buildWidgets(int slotIndex) {
     lists->addLayout(countryColumn);
     lists->addLayout(cityColumn);
 
-    // The soft-key bar, drawn like the main window's: "Done" on the left,
-    // "Menu" with its popup on the right, across the whole bottom edge.
-    auto* bar = new QWidget(this);
-    bar->setObjectName(QStringLiteral("softKeyBar"));
-    bar->setAutoFillBackground(true);
-    bar->setBackgroundRole(QPalette::Button);
-    doneButton = new QPushButton(tr("Done"), bar);
+    auto* bar = new SoftKeyBar(tr("Done"), this);
+    doneButton = bar->leftButton();
     doneButton->setObjectName(QStringLiteral("done"));
-    doneButton->setFlat(true);
     doneButton->setDefault(true);
-    menuButton = new QPushButton(tr("Menu"), bar);
-    menuButton->setObjectName(QStringLiteral("menu"));
-    menuButton->setFlat(true);
-    menuButton->setAutoDefault(false);
-    auto* menu = new QMenu(menuButton);
-    QAction* cancel = menu->addAction(tr("Cancel"));
+    menuButton = bar->menuButton();
+    QAction* cancel = bar->menu()->addAction(tr("Cancel"));
     cancel->setObjectName(QStringLiteral("cancel"));
-    menuButton->setMenu(menu);
-    auto* barLayout = new QHBoxLayout(bar);
-    barLayout->setContentsMargins(4, 2, 4, 2);
-    barLayout->addWidget(doneButton);
-    barLayout->addStretch();
-    barLayout->addWidget(menuButton);
 
     auto* content = new QVBoxLayout;
     content->setContentsMargins(6, 6, 6, 6);

@@ -1,10 +1,8 @@
 #include "clocks/CSkinSetup.h"
 
 #include <QAction>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
-#include <QMenu>
 #include <QPixmap>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -12,6 +10,7 @@
 #include "clocks/CXMLParser.h"
 #include "clocks/SkinFiles.h"
 #include "clocks/SkinScheme.h"
+#include "controls/SoftKeyBar.h"
 
 namespace zonara {
 
@@ -43,31 +42,14 @@ CSkinSetup::CSkinSetup(const Paths& paths, const DeviceProfile& profile,
     previewLabel->setAlignment(Qt::AlignCenter);
     previewLabel->setMinimumSize(1, 1);
 
-    // The soft-key bar, drawn like the main window's: "Done" on the left,
-    // "Menu" with its popup (Cancel) on the right, across the bottom edge.
-    auto* bar = new QWidget(this);
-    bar->setObjectName(QStringLiteral("softKeyBar"));
-    bar->setAutoFillBackground(true);
-    bar->setBackgroundRole(QPalette::Button);
-    done = new QPushButton(tr("Done"), bar);
+    auto* bar = new SoftKeyBar(tr("Done"), this);
+    done = bar->leftButton();
     done->setObjectName(QStringLiteral("done"));
-    done->setFlat(true);
     done->setDefault(true);
-    auto* menuButton = new QPushButton(tr("Menu"), bar);
-    menuButton->setObjectName(QStringLiteral("menu"));
-    menuButton->setFlat(true);
-    menuButton->setAutoDefault(false);
-    auto* menu = new QMenu(menuButton);
-    cancel = menu->addAction(tr("Cancel"));
+    cancel = bar->menu()->addAction(tr("Cancel"));
     cancel->setObjectName(QStringLiteral("cancel"));
-    menuButton->setMenu(menu);
     connect(done, &QPushButton::clicked, this, &QDialog::accept);
     connect(cancel, &QAction::triggered, this, &QDialog::reject);
-    auto* barLayout = new QHBoxLayout(bar);
-    barLayout->setContentsMargins(4, 2, 4, 2);
-    barLayout->addWidget(done);
-    barLayout->addStretch();
-    barLayout->addWidget(menuButton);
 
     auto* content = new QVBoxLayout;
     content->setContentsMargins(6, 6, 6, 6);

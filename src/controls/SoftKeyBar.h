@@ -1,5 +1,6 @@
 #pragma once
-// The bar at the bottom of the main window: a left button and a right "Menu".
+// The bar at the bottom of the main window and of each full-screen dialog: a
+// left button and a right "Menu" button with a popup.
 
 #include <QMenu>
 #include <QPushButton>
@@ -10,7 +11,7 @@ namespace zonara {
 class SoftKeyBar : public QWidget {
     Q_OBJECT
   public:
-    explicit SoftKeyBar(QWidget* parent = nullptr);
+    explicit SoftKeyBar(const QString& leftText, QWidget* parent = nullptr);
 
     QPushButton* leftButton() const { return left; }
     QPushButton* menuButton() const { return right; }
