@@ -1,5 +1,3 @@
-#include <sstream>
-
 #include <QImage>
 #include <gtest/gtest.h>
 
@@ -7,6 +5,7 @@
 #include "app/OffscreenApp.h"
 #include "clocks/CClockDetails.h"
 #include "core/Paths.h"
+#include "support/CommandRunner.h"
 #include "support/TempDir.h"
 
 #include "core/Settings.h"
@@ -17,12 +16,6 @@ namespace {
 
 using test::TempDir;
 using test::writeFile;
-
-struct Outcome {
-    int code;
-    std::string out;
-    std::string err;
-};
 
 constexpr const char* scheme = R"(<scheme><mainclock>
   <background img="back.png"/>
@@ -61,12 +54,9 @@ class CmdRenderTest : public ::testing::Test {
     }
     void save() { ASSERT_TRUE(settings.Save(paths.dataFile(settingsFileName))); }
 
-    Outcome run(std::vector<std::string> words) {
+    test::CommandResult run(std::vector<std::string> words) {
         words.insert(words.begin(), {"--root", root.path().string(), "--at", at});
-        std::ostringstream out;
-        std::ostringstream err;
-        const int code = runCommandLine(words, out, err);
-        return {code, out.str(), err.str()};
+        return test::runZonara(words);
     }
 
     // What the window shows for the same settings.
@@ -94,8 +84,8 @@ class CmdRenderTest : public ::testing::Test {
 
 TEST_F(CmdRenderTest, DrawsTheFullClockAsTheWindowDoes) {
     const auto file = root.path() / "full.png";
-    Outcome result = run({"render", "full", "--out", file.string()});
-    ASSERT_EQ(result.code, 0) << result.err;
+    test::CommandResult result = run({"render", "full", "--out", file.string()});
+    ASSERT_EQ(result.exitCode, 0) << result.err;
     EXPECT_NE(result.out.find("London at 23:30:15"), std::string::npos) << result.out;
     QImage drawn = load(file);
     ASSERT_EQ(drawn.size(), QSize(480, 640));
@@ -111,7 +101,7 @@ TEST_F(CmdRenderTest, DrawsTheFullClockAsTheWindowDoes) {
     settings.use24Hour = 1;
     save();
     result = run({"render", "full", "--slot", "2", "--screen", "240x320", "--out", file.string()});
-    ASSERT_EQ(result.code, 0) << result.err;
+    ASSERT_EQ(result.exitCode, 0) << result.err;
     EXPECT_NE(result.out.find("Tokyo at 07:30:15"), std::string::npos) << result.out;
     drawn = load(file);
     EXPECT_EQ(drawn.size(), QSize(240, 320));
@@ -135,8 +125,8 @@ TEST_F(CmdRenderTest, RefusesWhatItCannotDraw) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.message);
-        const Outcome result = run(c.words);
-        EXPECT_EQ(result.code, 1);
+        const test::CommandResult result = run(c.words);
+        EXPECT_EQ(result.exitCode, 1);
         EXPECT_NE(result.err.find(c.message), std::string::npos) << result.err;
         EXPECT_FALSE(std::filesystem::exists(out));
     }

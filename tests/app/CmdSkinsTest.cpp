@@ -1,10 +1,9 @@
-#include <sstream>
-
 #include <gtest/gtest.h>
 
 #include "app/CommandLine.h"
 #include "core/Paths.h"
 #include "core/Settings.h"
+#include "support/CommandRunner.h"
 #include "support/TempDir.h"
 
 namespace zonara {
@@ -13,17 +12,8 @@ namespace {
 using test::TempDir;
 using test::writeFile;
 
-struct Outcome {
-    int code;
-    std::string out;
-    std::string err;
-};
-
-Outcome run(const std::vector<std::string>& argv) {
-    std::ostringstream out;
-    std::ostringstream err;
-    const int code = runCommandLine(argv, out, err);
-    return {code, out.str(), err.str()};
+test::CommandResult run(const std::vector<std::string>& argv) {
+    return test::runZonara(argv);
 }
 
 class CmdSkinsTest : public ::testing::Test {
@@ -47,18 +37,18 @@ class CmdSkinsTest : public ::testing::Test {
 
 TEST_F(CmdSkinsTest, ListsTheSkinsOfTheScreenWithTheCurrentOneMarked) {
     // No settings file: the default skin is current.
-    Outcome r = run({"--root", root(), "skins", "--tsv"});
-    EXPECT_EQ(r.code, 0) << r.err;
+    test::CommandResult r = run({"--root", root(), "skins", "--tsv"});
+    EXPECT_EQ(r.exitCode, 0) << r.err;
     EXPECT_EQ(r.out, "default.xml\t1\nnight\t0\n");
     EXPECT_EQ(r.err, "");
 
     useSkin(u"night");
     r = run({"--root", root(), "--screen", "240x320", "skins", "--tsv"});
-    EXPECT_EQ(r.code, 0) << r.err;
+    EXPECT_EQ(r.exitCode, 0) << r.err;
     EXPECT_EQ(r.out, "alpine\t0\nnight\t1\n");
 
     r = run({"--root", root(), "skins", "--screen=240x320"});
-    EXPECT_EQ(r.code, 0) << r.err;
+    EXPECT_EQ(r.exitCode, 0) << r.err;
     EXPECT_NE(r.out.find("night"), std::string::npos);
     EXPECT_NE(r.out.find('*'), std::string::npos);
     EXPECT_LT(r.out.find("alpine"), r.out.find('*'));
@@ -66,21 +56,21 @@ TEST_F(CmdSkinsTest, ListsTheSkinsOfTheScreenWithTheCurrentOneMarked) {
 
 TEST_F(CmdSkinsTest, SaysWhenTheCurrentSkinOrAnySkinIsMissing) {
     useSkin(u"alpine");
-    Outcome r = run({"--root", root(), "skins", "--tsv"});
-    EXPECT_EQ(r.code, 0);
+    test::CommandResult r = run({"--root", root(), "skins", "--tsv"});
+    EXPECT_EQ(r.exitCode, 0);
     EXPECT_EQ(r.out, "default.xml\t0\nnight\t0\n");
     EXPECT_NE(r.err.find("'alpine' has no scheme for 480x640"), std::string::npos) << r.err;
 
     r = run({"--root", root(), "--screen", "176x220", "skins", "--tsv"});
-    EXPECT_EQ(r.code, 0);
+    EXPECT_EQ(r.exitCode, 0);
     EXPECT_EQ(r.out, "");
     EXPECT_NE(r.err.find("no skins for 176x220"), std::string::npos) << r.err;
 
     r = run({"--root", root(), "skins", "extra"});
-    EXPECT_EQ(r.code, 1);
+    EXPECT_EQ(r.exitCode, 1);
     EXPECT_NE(r.err.find("unexpected 'extra'"), std::string::npos);
-    EXPECT_EQ(run({"--root", root(), "skins", "--bogus"}).code, 1);
-    EXPECT_EQ(run({"--root", root(), "skins", "--help"}).code, 0);
+    EXPECT_EQ(run({"--root", root(), "skins", "--bogus"}).exitCode, 1);
+    EXPECT_EQ(run({"--root", root(), "skins", "--help"}).exitCode, 0);
 }
 
 } // namespace
