@@ -8,6 +8,7 @@
 #include "clocks/CClockDetails.h"
 #include "core/DeviceProfile.h"
 #include "core/WorldFiles.h"
+#include "support/ShippedFiles.h"
 #include "support/TempDir.h"
 
 namespace zonara {
@@ -18,12 +19,9 @@ namespace {
 const Paths& shippedRoot() {
     static test::TempDir dir;
     static const Paths paths = [] {
-        const std::filesystem::path source = ZONARA_SOURCE_DIR;
-        std::filesystem::copy(source / "data", dir.path() / "Data",
+        const Paths p = test::copyShippedWorld(dir.path());
+        std::filesystem::copy(test::sourceDir() / "graphics", p.graphicsDir(),
                               std::filesystem::copy_options::recursive);
-        std::filesystem::copy(source / "graphics", dir.path() / "Graphics",
-                              std::filesystem::copy_options::recursive);
-        Paths p(dir.path());
         CountryList list; // prepared once, as after the first start
         rebuildDataFiles(p, list);
         return p;

@@ -3,33 +3,17 @@
 
 #include <benchmark/benchmark.h>
 
-#include <cstdlib>
-#include <filesystem>
-
 #include "cities/CityCatalog.h"
 #include "core/WorldFiles.h"
+#include "support/ShippedFiles.h"
 #include "support/TempDir.h"
-
-namespace fs = std::filesystem;
 
 namespace {
 
-fs::path shippedData() {
-    // The repository's data/, from $ZONARA_SOURCE_DIR or from where this file lies.
-    const char* root = std::getenv("ZONARA_SOURCE_DIR");
-    return (root ? fs::path(root) : fs::path(__FILE__).parent_path() / ".." / "..") / "data";
-}
-
-// A root folder with a copy of the shipped country and city files.
+// A root folder with a copy of the shipped world files.
 struct ShippedWorld {
-    ShippedWorld() {
-        fs::create_directories(paths.dataDir());
-        for (const auto name : {zonara::countryFileName, zonara::cityFileName}) {
-            fs::copy_file(shippedData() / name, paths.dataFile(name));
-        }
-    }
     zonara::test::TempDir dir;
-    zonara::Paths paths{dir.path()};
+    zonara::Paths paths = zonara::test::copyShippedWorld(dir.path());
 };
 
 void BM_FirstSearch(benchmark::State& state) {

@@ -3,58 +3,19 @@
 
 #include <benchmark/benchmark.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <stdexcept>
-#include <string>
-#include <system_error>
-
 #include "core/WorldFiles.h"
-
-namespace fs = std::filesystem;
+#include "support/ShippedFiles.h"
+#include "support/TempDir.h"
 
 namespace {
 
-fs::path shippedData() {
-    // The repository's data/, from $ZONARA_SOURCE_DIR or from where this file lies.
-    const char* root = std::getenv("ZONARA_SOURCE_DIR");
-    return (root ? fs::path(root) : fs::path(__FILE__).parent_path() / ".." / "..") / "data";
-}
-
-// A root folder holding a fresh copy of the shipped files, removed at the end.
-class ShippedCopy {
-  public:
-    ShippedCopy() {
-        std::string pattern = (fs::temp_directory_path() / "zonara-bench-XXXXXX").string();
-        if (mkdtemp(pattern.data()) == nullptr) {
-            throw std::runtime_error("cannot create a temporary folder");
-        }
-        dir = pattern;
-        paths = zonara::Paths(dir);
-        refresh();
-    }
-    ~ShippedCopy() {
-        std::error_code ignored;
-        fs::remove_all(dir, ignored);
-    }
-    ShippedCopy(const ShippedCopy&) = delete;
-    ShippedCopy& operator=(const ShippedCopy&) = delete;
+// A root folder holding a copy of the shipped files, removed at the end.
+struct ShippedCopy {
+    zonara::test::TempDir dir;
+    zonara::Paths paths = zonara::test::copyShippedWorld(dir.path());
 
     // The state of a first start: the shipped files and no tstamp.dat.
-    void refresh() {
-        fs::create_directories(paths.dataDir());
-        for (const auto name :
-             {zonara::countryFileName, zonara::cityFileName, zonara::daylightFileName}) {
-            fs::copy_file(shippedData() / name, paths.dataFile(name),
-                          fs::copy_options::overwrite_existing);
-        }
-        fs::remove(paths.dataFile(zonara::stampFileName));
-    }
-
-    zonara::Paths paths;
-
-  private:
-    fs::path dir;
+    void refresh() { zonara::test::copyShippedWorld(dir.path()); }
 };
 
 void BM_RebuildShippedWorld(benchmark::State& state) {

@@ -28,6 +28,7 @@
 #include "clocks/SkinScheme.h"
 #include "core/DeviceProfile.h"
 #include "core/Paths.h"
+#include "support/ShippedFiles.h"
 #include "support/TempDir.h"
 
 namespace zonara {
@@ -104,9 +105,7 @@ QString qPath(const fs::path& p) {
 class ShippedSkins : public ::testing::Test {
   protected:
     void SetUp() override {
-        const char* source = std::getenv("ZONARA_SOURCE_DIR");
-        ASSERT_NE(source, nullptr) << "ZONARA_SOURCE_DIR names the repository";
-        const fs::path graphics = fs::path(source) / "graphics";
+        const fs::path graphics = test::sourceDir() / "graphics";
         ASSERT_TRUE(fs::is_directory(graphics)) << graphics;
         fs::create_directory_symlink(graphics, root.path() / "Graphics");
         paths = Paths(root.path());

@@ -20,6 +20,7 @@
 #include "core/SystemTime.h"
 #include "core/WorldFiles.h"
 #include "core/ZoneTime.h"
+#include "support/ShippedFiles.h"
 #include "support/TempDir.h"
 
 namespace fs = std::filesystem;
@@ -28,22 +29,14 @@ namespace zonara {
 namespace {
 
 fs::path sourceData() {
-    const char* root = std::getenv("ZONARA_SOURCE_DIR");
-    return fs::path(root ? root : ".") / "data";
+    return test::sourceDir() / "data";
 }
 
 // The shipped data files copied into a root of their own, so that nothing
 // the program does touches the repository.
 struct ShippedRoot {
     test::TempDir dir;
-    Paths paths{dir.path()};
-
-    ShippedRoot() {
-        fs::create_directories(paths.dataDir());
-        for (const auto name : {countryFileName, cityFileName, daylightFileName}) {
-            fs::copy_file(sourceData() / name, paths.dataFile(name));
-        }
-    }
+    Paths paths = test::copyShippedWorld(dir.path());
 };
 
 using Row = std::vector<std::string>;
