@@ -25,7 +25,7 @@ int runSkins(CommandContext& ctx, Args& args) {
     // that entry is not the skin the full clock uses.
     const SkinList list = enumerateSkins(ctx.paths, width, height, current);
     bool currentListed = false;
-    TablePrinter table({"skin", "current"});
+    TablePrinter table({"Skin", "Current"});
     for (const std::string& name : list.names) {
         const bool isCurrent = name == current;
         currentListed = currentListed || isCurrent;
