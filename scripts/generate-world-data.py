@@ -15,6 +15,7 @@ sys.path.insert(0, str(Path(__file__).resolve().parent))
 
 from worlddata import sources, writers  # noqa: E402
 from worlddata.build import build  # noqa: E402
+from worlddata.main_airports import CuratedAirportError  # noqa: E402
 from worlddata.provenance import readme  # noqa: E402
 
 
@@ -24,7 +25,10 @@ def main():
                         default=Path(__file__).resolve().parent.parent / "data")
     out = parser.parse_args().out
 
-    ordered, rules, chooser, area_codes, airports = build()
+    try:
+        ordered, rules, chooser, area_codes, airports = build()
+    except CuratedAirportError as error:
+        sys.exit(f"generate-world-data: {error}")
     country_file, city_file = writers.world_files(ordered)
     rule_file = writers.rule_file(rules)
 

@@ -2,6 +2,7 @@
 
 import re
 
+from .main_airports import CLOSED_TO_PASSENGERS
 from .sources import distance_km, fold
 
 ICAO = re.compile(r"^[A-Z]{4}$")
@@ -19,6 +20,7 @@ class AirportIndex:
                 "scheduled": row.get("scheduled_service") == "yes",
                 "international": "international" in row["name"].casefold(),
                 "town": fold(row.get("municipality", "")),
+                "town_parts": self._town_parts(row.get("municipality", "")),
                 "keywords": {fold(k) for k in row.get("keywords", "").split(",")},
                 "country": row["iso_country"],
                 "lat": float(row["latitude_deg"]),
@@ -26,6 +28,17 @@ class AirportIndex:
                 "name": row["name"],
             })
         self.rows.sort(key=lambda r: (r["lat"], r["lon"], r["iata"], r["icao"]))
+
+    @staticmethod
+    def _town_parts(municipality):
+        """The places a compound town names: "Pendik, Istanbul" names Pendik
+        and Istanbul, "Shanghai (Pudong)" Shanghai and Pudong."""
+        parts = re.split(r"[,()]", municipality)
+        return {fold(p) for p in parts if fold(p)}
+
+    @staticmethod
+    def _passenger(row):
+        return bool(row["iata"]) and row["scheduled"] and row["iata"] not in CLOSED_TO_PASSENGERS
 
     @staticmethod
     def _icao(row):
@@ -51,9 +64,10 @@ class AirportIndex:
 
     def passenger_airport(self, names, lat, lon):
         """The airport row a city flies from: one of its own (scheduled flights,
-        its town the city's name, else one of its other names, else a keyword)
-        preferring large, then the closer name, then international, then near
-        ones; else a large one close by; else the nearest with a code."""
+        its town the city's name, else one of its other names, else a part of
+        a compound town, else a keyword) preferring large, then the closer
+        name, then international, then near ones; else a large one close by;
+        else the nearest with a code. Airports closed to passengers never count."""
         towns = [fold(n) for n in names]
 
         def ownership(row):
@@ -61,19 +75,20 @@ class AirportIndex:
                 return 0
             if row["town"] in towns:
                 return 1
-            return 2 if any(t in row["keywords"] for t in towns) else 3
+            if any(t in row["town_parts"] for t in towns):
+                return 2
+            return 3 if any(t in row["keywords"] for t in towns) else 4
 
-        own = [(ownership(r), d, r) for d, r in self._near(lat, lon, 60)
-               if r["iata"] and r["scheduled"]]
-        own = [x for x in own if x[0] < 3]
+        own = [(ownership(r), d, r) for d, r in self._near(lat, lon, 60) if self._passenger(r)]
+        own = [x for x in own if x[0] < 4]
         if own:
             return min(own, key=lambda x: (not x[2]["large"], x[0], not x[2]["international"],
                                            x[1]))[2]
-        close = [(d, r) for d, r in self._near(lat, lon, 30) if r["iata"] and r["scheduled"]]
+        close = [(d, r) for d, r in self._near(lat, lon, 30) if self._passenger(r)]
         if close:
             return min(close, key=lambda x: (not x[1]["large"], x[0]))[1]
-        return self._nearest(lat, lon, lambda r: r["iata"] and r["scheduled"]) or \
-            self._nearest(lat, lon, lambda r: r["iata"])
+        return self._nearest(lat, lon, self._passenger) or \
+            self._nearest(lat, lon, lambda r: r["iata"] and r["iata"] not in CLOSED_TO_PASSENGERS)
 
     def station(self, lat, lon):
         """The nearest airport with scheduled flights and a four-letter code (its
@@ -83,4 +98,7 @@ class AirportIndex:
         return row["icao"] if row else ""
 
     def large_international(self):
-        return [r for r in self.rows if r["large"] and r["scheduled"] and r["iata"]]
+        return [r for r in self.rows if r["large"] and self._passenger(r)]
+
+    def codes(self):
+        return {r["iata"] for r in self.rows if r["iata"]}

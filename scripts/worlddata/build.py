@@ -4,7 +4,7 @@ import collections
 import urllib.parse
 from dataclasses import dataclass
 
-from . import sources, zones
+from . import main_airports, sources, zones
 from .airports import AirportIndex
 from .areacodes import AreaCodes
 from .cities import select, sort_key
@@ -128,6 +128,10 @@ def build():
         city.query = urllib.parse.quote_plus(f"{p.name}, {p.country}")
         city.key, city.rule_texts, *_ = chooser.choose(tz, p.lat, p.lon)
         cities.append(city)
+
+    # Between several large airports the heuristic only guesses: the curated
+    # table names the main one of the cities that have several.
+    main_airports.apply(cities, airport_index.codes())
 
     # A place the numbering data does not name (a suburb, a town of a region
     # named only as a region) shares the code of the nearest named city close by.

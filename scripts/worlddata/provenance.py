@@ -2,7 +2,8 @@
 
 import collections
 
-from .sources import DEBIAN_PACKAGES, NPM_PACKAGES
+from .main_airports import CLOSED_TO_PASSENGERS, MAIN_AIRPORTS
+from .sources import DEBIAN_PACKAGES, NPM_PACKAGES, fold
 
 
 # Countries with area codes for which libphonenumber has no geocoding data.
@@ -77,11 +78,24 @@ def readme(ordered, rules, deviations, stats, area_codes, tzdata, geonames_date)
         "written with tzdata's own coordinates and the zone's name.",
         "- Airport code: among the scheduled airports with an IATA code within 60 km that "
         "belong to the city (OurAirports' town is the city's name, else one of its other names, "
+        "else a part of a compound town such as 'Pendik, Istanbul' or 'Shanghai (Pudong)', "
         "else a keyword names it): large before medium, then the closer name, then "
         "'International' in the airport's name, then the nearer; else the nearest large (then "
-        "medium) scheduled airport within 30 km; else the nearest anywhere. OurAirports has no "
-        "traffic figures, so where a city has several large airports the choice is a heuristic "
-        "(Chicago gets MDW, Seoul GMP, Bangkok DMK, Istanbul ISL, which the data set still lists).",
+        "medium) scheduled airport within 30 km; else the nearest anywhere. Airports the data "
+        "set still lists but that take no passenger flights are never chosen ("
+        + ", ".join(f"{code}, {why}" for code, why in sorted(CLOSED_TO_PASSENGERS.items()))
+        + ").",
+        "- Main airports, curated: OurAirports has no traffic figures, so where a city has "
+        "several large airports the heuristic can only guess (it gave Chicago Midway, Seoul "
+        "Gimpo, Bangkok Don Mueang). `scripts/worlddata/main_airports.py` therefore names the "
+        f"main passenger airport of {len(MAIN_AIRPORTS)} cities with several airports near by "
+        "or none of their own (Mecca): the busiest, or the one that carries the international "
+        "flights where the busier one is domestic, or the successor of a closed one, each row "
+        "with its reason. It is applied "
+        "after the heuristic and the generator stops if a row's code is not in the airport data "
+        "or its city not in the selection. Cities: "
+        + ", ".join(f"{name} {code}" for (_, name), (code, _) in
+                    sorted(MAIN_AIRPORTS.items(), key=lambda item: fold(item[0][1]))) + ".",
         "- Station code: the ICAO code of the nearest airport with scheduled flights that has "
         "one, else of the nearest airfield (the weather station nearest the city centre; "
         "London gives EGLC, London City).",
