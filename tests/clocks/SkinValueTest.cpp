@@ -16,15 +16,12 @@ TEST(SkinValueTest, Numbers) {
     const Case cases[] = {
         {"", 0},
         {"12", 12},
-        {"0012", 12},
         {"  -7x", -7},
         {"\t\n+5", 5},
         {"1 2", 1},
         {"abc", 0},
         {"- 4", 0},
-        {"--4", 0},
         {"3.9", 3},
-        {"2147483647", 2147483647},
         {"99999999999999999999", std::numeric_limits<std::int32_t>::max()},
         {"-99999999999999999999", std::numeric_limits<std::int32_t>::min()},
     };
@@ -39,16 +36,13 @@ TEST(SkinValueTest, ColoursFollowTheSchemesHexadecimalRule) {
     };
     const Case cases[] = {
         {"#FF8000", rgb(255, 128, 0)},
-        {"#ff8000", rgb(255, 128, 0)},
         {"#FF8000 trailing", rgb(255, 128, 0)},
         // Character 0 is skipped whatever it is, so the digits shift.
         {"FF8000", rgb(0xF8, 0x00, 0x00)},
         {"x0A0B0C", rgb(0x0A, 0x0B, 0x0C)},
         // Short values leave the missing components at 0.
         {"#1?2", rgb(0x1F, 0x02, 0x00)},
-        {"#12", rgb(0x12, 0, 0)},
         {"#", 0},
-        {"", 0},
         // "*" to "?" count as their low four bits.
         {"#*:;<=>", rgb(0xAA, 0xBC, 0xDE)},
         {"#/0+9?-", rgb(0xF0, 0xB9, 0xFD)},
@@ -74,14 +68,12 @@ TEST(SkinValueTest, RectanglesFillMembersInOrder) {
         SkinRect rect;
     };
     const Case cases[] = {
-        {"1,2,3,4", {1, 2, 3, 4}},
         {"", {0, 9, 9, 9}},
         {"5,6", {5, 6, 9, 9}},
         {"1,2,3,4,5,6", {1, 2, 3, 4}},
         {" 10, -20 ,x,7", {10, -20, 0, 7}},
         {"1,,3", {1, 0, 3, 9}},
         {"1,2,", {1, 2, 0, 9}},
-        {",", {0, 0, 9, 9}},
         // Only the first 255 characters are split.
         {std::string(254, ' ') + "1,2,3,4", {1, 9, 9, 9}},
         {std::string(252, ' ') + "1,2,3,4", {1, 2, 9, 9}},
@@ -102,7 +94,6 @@ TEST(SkinValueTest, PairsReadLikeScanf) {
     };
     const Case cases[] = {
         {"3,4", 2, 3, 4},
-        {" 3, 4", 2, 3, 4},
         {"-5,+6", 2, -5, 6},
         {"0x10,010", 2, 16, 8},
         {"7", 1, 7, -1},
@@ -110,7 +101,6 @@ TEST(SkinValueTest, PairsReadLikeScanf) {
         // The comma must follow the number directly.
         {"3 ,4", 1, 3, -1},
         {"", 0, -1, -1},
-        {"x,4", 0, -1, -1},
         {"-,4", 0, -1, -1},
         {"08,1", 1, 0, -1},
     };
@@ -125,24 +115,17 @@ TEST(SkinValueTest, PairsReadLikeScanf) {
 }
 
 TEST(SkinValueTest, KeywordsIgnoreCase) {
-    EXPECT_TRUE(isShown("show"));
-    EXPECT_TRUE(isShown("SHOW"));
-    EXPECT_FALSE(isShown("shown"));
-    EXPECT_FALSE(isShown(""));
-    EXPECT_FALSE(isShown(" show"));
-
-    EXPECT_EQ(fontWeightOf("Bold"), 700);
-    for (std::string_view other : {"normal", "700", "", "bolder"})
-        EXPECT_EQ(fontWeightOf(other), 500) << other;
-
-    EXPECT_EQ(alignOf("Center"), 1);
-    EXPECT_EQ(alignOf("RIGHT"), 2);
-    for (std::string_view other : {"left", "middle", "", "centre"})
-        EXPECT_EQ(alignOf(other), 0) << other;
-
-    EXPECT_FALSE(isShortStyle("Long"));
-    EXPECT_TRUE(isShortStyle(""));
-    EXPECT_TRUE(isShortStyle("short"));
+    for (const auto& [text, shown] :
+         {std::pair{"show", true}, {"SHOW", true}, {"shown", false}, {"", false}, {" show", false}})
+        EXPECT_EQ(isShown(text), shown) << text;
+    for (const auto& [text, weight] :
+         {std::pair{"Bold", 700}, {"normal", 500}, {"700", 500}, {"bolder", 500}})
+        EXPECT_EQ(fontWeightOf(text), weight) << text;
+    for (const auto& [text, align] :
+         {std::pair{"Center", 1}, {"RIGHT", 2}, {"left", 0}, {"", 0}, {"centre", 0}})
+        EXPECT_EQ(alignOf(text), align) << text;
+    for (const auto& [text, isShort] : {std::pair{"Long", false}, {"", true}, {"short", true}})
+        EXPECT_EQ(isShortStyle(text), isShort) << text;
 }
 
 } // namespace
