@@ -77,55 +77,47 @@ TEST(AnalogueClockEngine, HandsFollowTheTimeAndTheWindowFillsWhatTheSkinLeftUnse
     EXPECT_EQ(skinned.centre(), (PixelPoint{10, 20}));
 }
 
+ColorRef grey(std::uint8_t v) {
+    return rgb(v, v, v);
+}
+
 // A 7 x 3 step, so the accumulator wraps twice; the weights are
-// w = 109, 219, 73, 182, 36, 146 at x = 1..6 (adj = 196608 / 7 = 28086).
+// w = 109, 219, 73, 182, 36, 146 at x = 1..6 (adj = 196608 / 7 = 28086). A dark
+// line on a light face blends k = w into the line's pixel (200·109/255 = 85.5 at
+// (1,0)) and 255 − w into the one below; a light line on a dark face swaps them
+// (225·146/255 + 30 = 158 at (1,0)). Where grey value and components disagree
+// (81.2 against 84.5 with a lighter red), each component blends towards the lighter.
 TEST(AntiAliasedLine, BlendsByTheLighterComponentOnLightAndDarkFaces) {
     struct Pixel {
         int x, y;
         ColorRef colour;
     };
-    struct Case {
-        const char* name;
-        ColorRef face, ink;
-        std::vector<Pixel> pixels;
+    const auto check = [](ColorRef face, ColorRef ink, std::initializer_list<Pixel> pixels) {
+        MemorySurface s(10, 6, face);
+        drawAntiAliasedLine(s, {0, 0}, {7, 3}, ink);
+        for (const Pixel& p : pixels)
+            EXPECT_EQ(s.getPixel(p.x, p.y), p.colour) << face << ": " << p.x << "," << p.y;
     };
-    const ColorRef light = rgb(200, 200, 200);
-    const Case cases[] = {
-        {"dark ink on a light face: k = w on the line's pixel, 255 − w below",
-         light,
-         0,
-         {{0, 0, 0},
-          {7, 3, 0},
-          {1, 0, rgb(85, 85, 85)}, // 200·109/255 = 85.5
-          {1, 1, rgb(114, 114, 114)},
-          {2, 0, rgb(171, 171, 171)},
-          {2, 1, rgb(28, 28, 28)},
-          {3, 1, rgb(57, 57, 57)}, // wrapped: y moved down
-          {3, 2, rgb(142, 142, 142)},
-          {1, 2, light},
-          {8, 3, light},
-          {0, 1, light}}},
-        {"light ink on a dark face: the weights swap",
-         rgb(30, 30, 30),
-         rgb(255, 255, 255),
-         {{1, 0, rgb(158, 158, 158)}, // 225·146/255 + 30
-          {1, 1, rgb(126, 126, 126)},
-          {2, 0, rgb(61, 61, 61)},
-          {2, 1, rgb(223, 223, 223)},
-          {7, 3, rgb(255, 255, 255)}}},
-        // Darker by grey value (81.2 against 84.5), though its red is lighter.
-        {"components blend towards whichever is lighter",
-         rgb(10, 100, 200),
-         rgb(240, 16, 0),
-         {{1, 0, rgb(108, 51, 85)}, {1, 1, rgb(141, 64, 114)}}},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        MemorySurface s(10, 6, c.face);
-        drawAntiAliasedLine(s, {0, 0}, {7, 3}, c.ink);
-        for (const Pixel& p : c.pixels)
-            EXPECT_EQ(s.getPixel(p.x, p.y), p.colour) << p.x << "," << p.y;
-    }
+    check(grey(200), 0,
+          {{0, 0, 0},
+           {7, 3, 0},
+           {1, 0, grey(85)},
+           {1, 1, grey(114)},
+           {2, 0, grey(171)},
+           {2, 1, grey(28)},
+           {3, 1, grey(57)},
+           {3, 2, grey(142)},
+           {1, 2, grey(200)},
+           {8, 3, grey(200)},
+           {0, 1, grey(200)}});
+    check(grey(30), grey(255),
+          {{1, 0, grey(158)},
+           {1, 1, grey(126)},
+           {2, 0, grey(61)},
+           {2, 1, grey(223)},
+           {7, 3, grey(255)}});
+    check(rgb(10, 100, 200), rgb(240, 16, 0),
+          {{1, 0, rgb(108, 51, 85)}, {1, 1, rgb(141, 64, 114)}});
 }
 
 TEST(AntiAliasedLine, DirectionAndSpecialCases) {
@@ -202,13 +194,10 @@ TEST(AnalogueClockScheme, ReadsKeysKeepsDefaultsAndStopsUnlessShown) {
     EXPECT_EQ(rect, (SkinRect{10, 20, 210, 220}));
     EXPECT_EQ(clock.centre(), (PixelPoint{90, 95}));
     EXPECT_EQ(clock.sizeClass(), 3);
-    EXPECT_EQ(std::tuple(clock.hourLengthScale(), clock.hourWidthScale(), clock.minuteLengthScale(),
-                         clock.minuteWidthScale()),
-              std::tuple(200, 1, 0, 7));
-    EXPECT_EQ(std::tuple(clock.hourFillColour(), clock.hourColour(), clock.minuteFillColour(),
-                         clock.minuteColour(), clock.secondColour()),
-              std::tuple(rgb(0x10, 0x20, 0x30), rgb(255, 128, 0), rgb(1, 2, 3), rgb(0, 0, 255),
-                         rgb(0, 255, 0)));
+    // Scales clamp; fill colours and width scales are kept but never drawn.
+    EXPECT_EQ(std::tuple(clock.hourLengthScale(), clock.minuteLengthScale()), std::tuple(200, 0));
+    EXPECT_EQ(std::tuple(clock.hourColour(), clock.minuteColour(), clock.secondColour()),
+              std::tuple(rgb(255, 128, 0), rgb(0, 0, 255), rgb(0, 255, 0)));
 
     AnalogueClock plain;
     ASSERT_TRUE(read(R"(<clock state="show" rect="0,0,160,100"/>)", plain, rect));
