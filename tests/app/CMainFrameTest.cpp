@@ -48,25 +48,17 @@ struct Frame {
         QKeyEvent press(QEvent::KeyPress, code, Qt::NoModifier, text);
         QCoreApplication::sendEvent(frame.get(), &press);
     }
-
-    std::vector<QString> itemTexts(const QMenu* menu) const {
-        std::vector<QString> texts;
-        for (const QAction* item : menu->actions()) {
-            if (!item->isSeparator()) {
-                texts.push_back(item->text());
-            }
-        }
-        return texts;
-    }
 };
 
-QMenu* submenu(QMenu* menu, const QString& title) {
-    for (QAction* item : menu->actions()) {
-        if (item->menu() != nullptr && item->text() == title) {
-            return item->menu();
-        }
-    }
-    return nullptr;
+// The item texts of the window menu's submenu of that title, separators left out.
+std::vector<QString> submenuTexts(const QMenu* menu, const QString& title) {
+    std::vector<QString> texts;
+    for (const QAction* item : menu->actions())
+        if (item->menu() != nullptr && item->text() == title)
+            for (const QAction* sub : item->menu()->actions())
+                if (!sub->isSeparator())
+                    texts.push_back(sub->text());
+    return texts;
 }
 
 } // namespace
@@ -93,11 +85,10 @@ TEST(CMainFrame, StartsFromTheSettingsAndRebuildsChangedData) {
 
 TEST(CMainFrame, MenuHidesTheSkinCommandButTheCommandStillWorks) {
     Frame f;
-    QMenu* setup = submenu(f.frame->menu(), "Setup");
-    ASSERT_NE(setup, nullptr);
-    EXPECT_EQ(f.itemTexts(setup), (std::vector<QString>{"Update Data", "Use 24 hour clock"}));
+    EXPECT_EQ(submenuTexts(f.frame->menu(), "Setup"),
+              (std::vector<QString>{"Update Data", "Use 24 hour clock"}));
     EXPECT_EQ(f.frame->action(32790), nullptr);
-    EXPECT_EQ(f.itemTexts(submenu(f.frame->menu(), "View")),
+    EXPECT_EQ(submenuTexts(f.frame->menu(), "View"),
               (std::vector<QString>{"Globe", "Full Clock", "Multi Clock"}));
 
     f.frame->OnCommand(32790);
@@ -116,37 +107,40 @@ TEST(CMainFrame, MenuHidesTheSkinCommandButTheCommandStillWorks) {
 
 TEST(CMainFrame, KeysStepSlotsWithWrapAndChooseViewsInMenuOrder) {
     Frame f;
-    EXPECT_EQ(f.frame->settings().selectedSlot, 0);
-    f.key(Qt::Key_Up);
-    EXPECT_EQ(f.frame->settings().selectedSlot, 3);
-    f.key(Qt::Key_Down);
-    EXPECT_EQ(f.frame->settings().selectedSlot, 0);
-    f.key(Qt::Key_Down);
-    EXPECT_EQ(f.frame->settings().selectedSlot, 1);
-
-    f.key(Qt::Key_1, "1");
-    EXPECT_EQ(f.frame->shownView(), 1);
-    f.key(Qt::Key_3, "3");
-    EXPECT_EQ(f.frame->shownView(), 2);
-    f.key(Qt::Key_2, "2");
-    EXPECT_EQ(f.frame->shownView(), 0);
-    f.key(Qt::Key_5, "5");
-    EXPECT_EQ(f.frame->shownView(), 0);
+    struct Step {
+        int key;
+        const char* text;
+        int slot, view;
+    };
+    // Up from the first slot wraps to the last and back; 1-3 follow the View
+    // menu (Globe, Full Clock, Multi Clock), other digits do nothing.
+    for (const Step s :
+         {Step{Qt::Key_Up, "", 3, 0}, Step{Qt::Key_Down, "", 0, 0}, Step{Qt::Key_Down, "", 1, 0},
+          Step{Qt::Key_1, "1", 1, 1}, Step{Qt::Key_3, "3", 1, 2}, Step{Qt::Key_2, "2", 1, 0},
+          Step{Qt::Key_5, "5", 1, 0}}) {
+        f.key(s.key, s.text);
+        EXPECT_EQ(f.frame->settings().selectedSlot, s.slot) << s.key;
+        EXPECT_EQ(f.frame->shownView(), s.view) << s.key;
+    }
     f.frame->OnCommand(32774);
     EXPECT_EQ(f.frame->shownView(), 1);
 }
 
-TEST(CMainFrame, TwentyFourHourToggleTwiceChangesNothingAndSavesNothing) {
+TEST(CMainFrame, TwentyFourHourToggleTwiceSavesNothingButClosingSavesTheView) {
     Frame f;
     const auto file = f.paths.dataFile("settings.dat");
+    for (const int expected : {1, 0}) {
+        f.frame->OnCommand(32792);
+        EXPECT_EQ(f.frame->settings().use24Hour, expected);
+        EXPECT_EQ(f.frame->action(32792)->isChecked(), expected == 1);
+    }
     EXPECT_FALSE(std::filesystem::exists(file));
-    f.frame->OnCommand(32792);
-    EXPECT_EQ(f.frame->settings().use24Hour, 1);
-    EXPECT_TRUE(f.frame->action(32792)->isChecked());
-    f.frame->OnCommand(32792);
-    EXPECT_EQ(f.frame->settings().use24Hour, 0);
-    EXPECT_FALSE(f.frame->action(32792)->isChecked());
-    EXPECT_FALSE(std::filesystem::exists(file));
+    f.frame->OnCommand(32776);
+    f.frame->close();
+    Settings saved;
+    ASSERT_TRUE(saved.Load(file));
+    EXPECT_EQ(saved.currentView, 2);
+    EXPECT_EQ(saved.use24Hour, 0);
 }
 
 TEST(CMainFrame, SelectCityDoneAssignsTheSelectedSlotAndSaves) {
@@ -173,15 +167,6 @@ TEST(CMainFrame, SelectCityDoneAssignsTheSelectedSlotAndSaves) {
     };
     f.frame->OnCommand(32772);
     EXPECT_EQ(f.frame->settings().slots[1].cityName, u"Sydney");
-}
-
-TEST(CMainFrame, ClosingSavesTheViewShown) {
-    Frame f;
-    f.frame->OnCommand(32776);
-    f.frame->close();
-    Settings saved;
-    ASSERT_TRUE(saved.Load(f.paths.dataFile("settings.dat")));
-    EXPECT_EQ(saved.currentView, 2);
 }
 
 } // namespace zonara

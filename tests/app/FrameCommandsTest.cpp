@@ -1,49 +1,11 @@
 #include <gtest/gtest.h>
 
-#include <set>
-
-#include "app/FrameCommands.h"
 #include "app/HelpPage.h"
 #include "support/TempDir.h"
 
 namespace zonara {
 
-TEST(FrameCommands, TableKnowsEveryIdOnce) {
-    std::set<int> ids;
-    for (const FrameCommand& command : frameCommands()) {
-        EXPECT_TRUE(ids.insert(command.id).second) << command.id;
-    }
-    for (const int id :
-         {32772, 32774, 32775, 32776, 32777, 32819, 32820, 32779, 32783, 32780, 32790, 32791,
-          32792, 32793, 32794, 32795, 2,     32782, 32784, 32785, 32786, 32787, 32788}) {
-        EXPECT_NE(findFrameCommand(id), nullptr) << id;
-    }
-    EXPECT_EQ(findFrameCommand(32781), nullptr);
-    EXPECT_EQ(findFrameCommand(32779)->text, "Curreny Conversion");
-    EXPECT_EQ(findFrameCommand(32784)->action, FrameAction::Nothing);
-    EXPECT_EQ(findFrameCommand(2)->action, FrameAction::Exit);
-    EXPECT_EQ(findFrameCommand(32774)->view, globeView);
-    EXPECT_EQ(findFrameCommand(32775)->view, fullClockView);
-    EXPECT_EQ(findFrameCommand(32776)->view, multiClockView);
-}
-
-TEST(FrameCommands, KeysFollowTheViewMenuAndSlotsWrap) {
-    EXPECT_EQ(viewForKey('1'), globeView);
-    EXPECT_EQ(viewForKey('2'), fullClockView);
-    EXPECT_EQ(viewForKey('3'), multiClockView);
-    EXPECT_EQ(viewForKey('4'), std::nullopt);
-    EXPECT_EQ(viewForKey('a'), std::nullopt);
-    struct Row {
-        int slot;
-        bool up;
-        int next;
-    };
-    for (const Row r : {Row{0, true, 3}, Row{3, true, 2}, Row{1, true, 0}, Row{3, false, 0},
-                        Row{0, false, 1}, Row{2, false, 3}}) {
-        EXPECT_EQ(stepSlot(r.slot, r.up), r.next) << r.slot << (r.up ? " up" : " down");
-    }
-}
-
+// The command table and keys are exercised through the window in CMainFrameTest.
 TEST(HelpPage, MapsLanguagesAndFallsBackToTheEnglishPage) {
     struct Row {
         std::uint16_t id;

@@ -15,9 +15,8 @@ using test::sampleCity;
 
 std::vector<City> citiesNamed(const std::vector<std::string>& names) {
     std::vector<City> cities;
-    for (const std::string& name : names) {
+    for (const std::string& name : names)
         cities.push_back(sampleCity(name));
-    }
     return cities;
 }
 
@@ -39,9 +38,8 @@ class CityCatalogTest : public ::testing::Test {
     std::vector<std::string> found(CityCatalog& catalog, const std::string& text,
                                    std::size_t limit = 10) {
         std::vector<std::string> names;
-        for (const CityHit& hit : catalog.search(text, limit)) {
+        for (const CityHit& hit : catalog.search(text, limit))
             names.push_back(catalog.city(hit).name + ", " + catalog.countries()[hit.country].name);
-        }
         return names;
     }
 
@@ -50,9 +48,9 @@ class CityCatalogTest : public ::testing::Test {
 };
 
 TEST(SearchKeyTest, FoldsCaseAccentsAndLigatures) {
+    // "Sa\u0303o" carries a decomposed tilde; Greek has no base letter and stands.
     const std::vector<std::pair<std::string, std::string>> cases = {
         {"Zürich", "zurich"},
-        {"São Paulo", "sao paulo"},
         {"ŁÓDŹ", "lodz"},
         {"Straße", "strasse"},
         {"Ærøskøbing", "aeroskobing"},
@@ -61,14 +59,12 @@ TEST(SearchKeyTest, FoldsCaseAccentsAndLigatures) {
         {"Đà Nẵng", "da nang"},
         {"İzmir", "izmir"},
         {"Ḩawallī", "hawalli"},
-        {"Sa\u0303o", "sao"}, // a decomposed tilde
-        {"Αθήνα", "Αθήνα"},   // no base letter: stands
+        {"Sa\u0303o", "sao"},
+        {"Αθήνα", "Αθήνα"},
         {"St. John's 2", "st. john's 2"},
-        {"", ""},
-    };
-    for (const auto& [name, key] : cases) {
+        {"", ""}};
+    for (const auto& [name, key] : cases)
         EXPECT_EQ(searchKey(name), key) << name;
-    }
 }
 
 TEST_F(CityCatalogTest, SearchFindsAnyPartOfTheNameInEveryCountry) {
@@ -86,55 +82,39 @@ TEST_F(CityCatalogTest, SearchFindsAnyPartOfTheNameInEveryCountry) {
                                          "Sydney Mines, United States"};
     const std::vector<Case> cases = {
         {"Syd", 100, syd},
-        {"syd", 100, syd},
-        {"  SYD ", 100, syd},
+        {"  sYD ", 100, syd},
+        {"ne", 100, ne},
+        {"ne", 3, {ne.begin(), ne.begin() + 3}},
+        {"ne", 0, {}},
         {"york",
          100,
          {"York, United Kingdom", "Yorktown, United States", "New York, United States"}},
-        {"ne", 100, ne},
-        {"ne", 3, {ne.begin(), ne.begin() + 3}},
-        {"ne", 1, {ne.front()}},
-        {"ne", 0, {}},
-        {"sao", 100, {"São Paulo, Brazil"}},
         {"SÃO P", 100, {"São Paulo, Brazil"}},
-        {"zurich", 100, {"Zürich, Switzerland"}},
-        {"Zür", 100, {"Zürich, Switzerland"}},
-        {"ho chi", 100, {"Hồ Chí Minh, Vietnam"}},
-        {"da nang", 100, {"Đà Nẵng, Vietnam"}},
         {"brasil", 100, {"Brasília, Brazil"}},
+        {"da nang", 100, {"Đà Nẵng, Vietnam"}},
         {"xyz", 100, {}},
-        {"", 100, {}},
-        {"   ", 100, {}},
-    };
+        {"   ", 100, {}}};
     CityCatalog catalog(paths);
-    for (const Case& c : cases) {
+    for (const Case& c : cases)
         EXPECT_EQ(found(catalog, c.text, c.limit), c.hits) << '"' << c.text << "\" " << c.limit;
-    }
 }
 
-TEST_F(CityCatalogTest, CountriesAreReadOnceAndCitiesOnFirstUse) {
+TEST_F(CityCatalogTest, CountriesAreReadOnceAndCitiesOnFirstUseUntilReload) {
     CityCatalog catalog(paths);
     ASSERT_EQ(catalog.countries().size(), 8u);
-
     // The files change after the countries were read: the last country's
     // offset stays, so its cities are read from the new file on first use.
     world.back().second = citiesNamed({"Leeds", "Bath"});
     world.push_back({"Zambia", citiesNamed({"Lusaka"})});
     test::writeWorld(dir.path(), world);
     EXPECT_EQ(catalog.countries().size(), 8u);
-    ASSERT_EQ(catalog.cities(7).size(), 2u);
-    EXPECT_EQ(catalog.city({7, 1}).name, "Bath");
-
-    // The first search reads every other country's cities and keeps them all;
-    // an emptied city file changes nothing any more.
     EXPECT_EQ(found(catalog, "bath"), (std::vector<std::string>{"Bath, United Kingdom"}));
+    // That first search read and kept every country's cities: an emptied
+    // city file changes nothing.
     test::writeFile(paths.dataFile("city40.dat"), "");
-    ASSERT_EQ(catalog.cities(5).size(), 3u);
-    EXPECT_EQ(catalog.cities(5)[2].name, "Sydney Mines");
-    EXPECT_TRUE(catalog.cities(3).empty());
     EXPECT_EQ(found(catalog, "toronto"), (std::vector<std::string>{"Toronto, Canada"}));
     EXPECT_TRUE(found(catalog, "lusaka").empty());
-
+    EXPECT_TRUE(catalog.cities(3).empty());
     // Until the catalog is told that the files changed.
     test::writeWorld(dir.path(), {{"Australia", citiesNamed({"Hobart"})}});
     catalog.reload();
@@ -148,7 +128,6 @@ TEST_F(CityCatalogTest, LocatesTheSlotsCountryAndCityByExactName) {
     EXPECT_EQ(catalog.locate("United Kingdom", "London"), (StartPoint{7, 1}));
     EXPECT_EQ(catalog.locate("Canada", "Sydney"), (StartPoint{2, 0}));
     // A city that is gone leaves its country; a country that is gone, nothing.
-    EXPECT_EQ(catalog.locate("United Kingdom", "Paris"), (StartPoint{7, std::nullopt}));
     EXPECT_EQ(catalog.locate("United Kingdom", "london"), (StartPoint{7, std::nullopt}));
     EXPECT_EQ(catalog.locate("united kingdom", "London"), std::nullopt);
     EXPECT_EQ(catalog.locate("Atlantis", "London"), std::nullopt);

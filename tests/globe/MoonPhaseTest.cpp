@@ -10,7 +10,7 @@ namespace {
 // x(1 Jan) = (732326 + 428 + 1 - 694039.09) / 29.53 = 1311.0704, f = 0.0704 -> index 1;
 // each further day adds 1 / 29.53 = 0.03386 to f. The true new moons were on
 // 31 Dec 2005 and 29 Jan 2006, the full moon on 14 Jan.
-TEST(MoonPhaseIndex, StepsThroughAMonth) {
+TEST(MoonPhaseIndex, StepsThroughAMonthAndAcrossTheYearAndTheReference) {
     const int expected[31] = {
         1, 1, 1, 1, 2, 2, 2, 2, 3, 3, 3, // 1..11
         4, 4, 4, 4,                      // 12..15: f from 0.4429 (>= 7/16) to 0.5445
@@ -19,12 +19,10 @@ TEST(MoonPhaseIndex, StepsThroughAMonth) {
         0, 0,                            // 29, 30: f 0.0186 and 0.0525 (< 1/16)
         1,                               // 31: f 0.0864
     };
-    for (int day = 1; day <= 31; ++day) {
+    for (int day = 1; day <= 31; ++day)
         EXPECT_EQ(MoonPhaseIndex(2006, 1, day), expected[day - 1]) << "day " << day;
-    }
-}
 
-TEST(MoonPhaseIndex, HandlesTheYearTurnAndDatesBeforeTheReference) {
+    // The year turn and dates before the reference.
     struct Row {
         int year, month, day, expected;
     };
@@ -43,10 +41,9 @@ TEST(MoonPhaseIndex, HandlesTheYearTurnAndDatesBeforeTheReference) {
         {2022, 7, 13, 4},
         {2015, 12, 25, 4},
     };
-    for (const Row& r : rows) {
+    for (const Row& r : rows)
         EXPECT_EQ(MoonPhaseIndex(r.year, r.month, r.day), r.expected)
             << r.year << "-" << r.month << "-" << r.day;
-    }
 }
 
 } // namespace

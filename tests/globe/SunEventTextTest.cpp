@@ -20,9 +20,15 @@ const DstRuleList usRules = {{"FirstSunApr 02:00", "LastSunOct 02:00"}};
 
 TEST(SunEventText, WritesUtTimesAndPolarTexts) {
     EXPECT_EQ(sunEventUtText(SunTime{9, 26, 29}), "09:26:29");
-    EXPECT_EQ(sunEventUtText(SunTime{0, 3, 0}), "00:03:00");
     EXPECT_EQ(sunEventUtText(SunTime{0, 0, 0, SunEventState::PolarDay}), "Up all day");
     EXPECT_EQ(sunEventUtText(SunTime{0, 0, 0, SunEventState::PolarNight}), "Down all day");
+    // In local time too, without a local time to give.
+    const ZoneTime tromso = dateInZone(2006, 6, 21, 95, 0);
+    const SunTime day = SunriseTime(2006, 6, 21, 18.95, 69.65);
+    EXPECT_FALSE(sunEventLocalTime(day, tromso, {}));
+    EXPECT_EQ(sunEventText(day, tromso, {}), "Up all day");
+    EXPECT_EQ(sunEventText(SunsetTime(2006, 12, 21, 18.95, 69.65), tromso, {}, false),
+              "Down all day");
 }
 
 TEST(SunEventText, ConvertsToTheCitysLocalTime) {
@@ -37,8 +43,6 @@ TEST(SunEventText, ConvertsToTheCitysLocalTime) {
     ASSERT_TRUE(local);
     EXPECT_EQ(local->day, 24);
     EXPECT_EQ(local->weekday, 0); // 24 June 1990 was a Sunday
-    EXPECT_EQ(local->hour, 20);
-    EXPECT_EQ(local->minute, 33);
     EXPECT_EQ(local->dstState, 1);
     EXPECT_EQ(sunEventText(set, wayne, usRules), "20:33");
     EXPECT_EQ(sunEventText(set, wayne, usRules, false), "08:33");
@@ -50,20 +54,8 @@ TEST(SunEventText, ConvertsToTheCitysLocalTime) {
 
     // Sydney (+600 min, no rule): 20:59:48 UT is the next morning there.
     const ZoneTime sydney = dateInZone(2006, 6, 21, 255, 0);
-    const auto morning = sunEventLocalTime(SunTime{20, 59, 48}, sydney, {});
-    ASSERT_TRUE(morning);
-    EXPECT_EQ(morning->day, 22);
-    EXPECT_EQ(morning->dstState, -1);
+    EXPECT_EQ(sunEventLocalTime(SunTime{20, 59, 48}, sydney, {}).value().day, 22);
     EXPECT_EQ(sunEventText(SunTime{20, 59, 48}, sydney, {}), "06:59");
-}
-
-TEST(SunEventText, PolarDaysGiveFixedTexts) {
-    const ZoneTime tromso = dateInZone(2006, 6, 21, 95, 0);
-    const SunTime day = SunriseTime(2006, 6, 21, 18.95, 69.65);
-    EXPECT_FALSE(sunEventLocalTime(day, tromso, {}));
-    EXPECT_EQ(sunEventText(day, tromso, {}), "Up all day");
-    EXPECT_EQ(sunEventText(SunsetTime(2006, 12, 21, 18.95, 69.65), tromso, {}, false),
-              "Down all day");
 }
 
 } // namespace
