@@ -28,6 +28,12 @@ class AirportIndex:
                 "name": row["name"],
             })
         self.rows.sort(key=lambda r: (r["lat"], r["lon"], r["iata"], r["icao"]))
+        # One IATA code can stand on several rows (a heliport beside its airport):
+        # the scheduled, then large row's ICAO code is the airport's.
+        self.icao_by_iata = {}
+        for row in sorted(self.rows, key=lambda r: (not r["scheduled"], not r["large"])):
+            if row["iata"] and row["icao"]:
+                self.icao_by_iata.setdefault(row["iata"], row["icao"])
 
     @staticmethod
     def _town_parts(municipality):
@@ -90,12 +96,18 @@ class AirportIndex:
         return self._nearest(lat, lon, self._passenger) or \
             self._nearest(lat, lon, lambda r: r["iata"] and r["iata"] not in CLOSED_TO_PASSENGERS)
 
-    def station(self, lat, lon):
-        """The nearest airport with scheduled flights and a four-letter code (its
-        weather station), else the nearest airfield with one."""
+    def station(self, airport, lat, lon):
+        """The ICAO code of the city's main airport (IATA code `airport`) when it
+        has one; else the nearest airport with scheduled flights and a
+        four-letter code, else the nearest airfield with one."""
+        if airport in self.icao_by_iata:
+            return self.icao_by_iata[airport]
         row = self._nearest(lat, lon, lambda r: r["icao"] and r["scheduled"]) or \
             self._nearest(lat, lon, lambda r: r["icao"])
         return row["icao"] if row else ""
+
+    def icao_codes(self):
+        return {r["icao"] for r in self.rows if r["icao"]}
 
     def large_international(self):
         return [r for r in self.rows if r["large"] and self._passenger(r)]

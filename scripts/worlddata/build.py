@@ -117,7 +117,6 @@ def build():
                     reasons=tuple(sorted(p.reasons)))
         airport = airport_index.passenger_airport([p.name] + p.alternates, p.lat, p.lon)
         city.airport = airport["iata"] if airport else ""
-        city.station = airport_index.station(p.lat, p.lon)
         city.dial, city.area = dials[p.country]
         if not city.area:
             # Other names only where the data qualifies every town by its state:
@@ -132,6 +131,10 @@ def build():
     # Between several large airports the heuristic only guesses: the curated
     # table names the main one of the cities that have several.
     main_airports.apply(cities, airport_index.codes())
+    # The station is the main airport's, so it follows the curated choice.
+    for city in cities:
+        city.station = airport_index.station(city.airport, city.lat, city.lon)
+    main_airports.apply_stations(cities, airport_index.icao_codes())
 
     # A place the numbering data does not name (a suburb, a town of a region
     # named only as a region) shares the code of the nearest named city close by.

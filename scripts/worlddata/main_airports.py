@@ -1,5 +1,6 @@
 """The curated part of the airport choice: the main passenger airport of
-cities with several, and airports closed to passengers.
+cities with several, airports closed to passengers, and the station codes
+that are not the main airport's.
 
 OurAirports has no traffic figures, so between two large airports of one
 city the heuristic in airports.py can only guess. Each row here names the
@@ -58,6 +59,14 @@ CLOSED_TO_PASSENGERS = {
     "ISL": "İstanbul Atatürk: passenger flights moved to İstanbul Airport (IST) in 2019",
 }
 
+# (ISO country, city): (ICAO code, why) for cities whose station code is kept
+# apart from their main airport's. Checked against the airport data like the
+# table above.
+STATION_EXCEPTIONS = {
+    ("GB", "London"): ("EGLC", "London City is the station of the default clock slot, "
+                               "which has always shown London's weather from there"),
+}
+
 
 class CuratedAirportError(Exception):
     pass
@@ -89,3 +98,21 @@ def apply(cities, known_codes, table=None):
             changed.append((city.country, city.name, city.airport, row[0]))
             city.airport = row[0]
     return changed
+
+
+def apply_stations(cities, known_icao, table=None):
+    """Sets the listed cities' station codes; stops on a code missing from the
+    airport data or a city missing from the selection."""
+    table = STATION_EXCEPTIONS if table is None else table
+    missing = sorted({code for code, _ in table.values()} - set(known_icao))
+    if missing:
+        raise CuratedAirportError("main_airports.py names station codes missing from the "
+                                  "airport data: " + ", ".join(missing))
+    missing = sorted(set(table) - {(c.country, c.name) for c in cities})
+    if missing:
+        raise CuratedAirportError("main_airports.py lists station cities the selection lacks: "
+                                  + ", ".join(f"{name} ({country})" for country, name in missing))
+    for city in cities:
+        row = table.get((city.country, city.name))
+        if row:
+            city.station = row[0]

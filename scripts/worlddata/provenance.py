@@ -2,7 +2,7 @@
 
 import collections
 
-from .main_airports import CLOSED_TO_PASSENGERS, MAIN_AIRPORTS
+from .main_airports import CLOSED_TO_PASSENGERS, MAIN_AIRPORTS, STATION_EXCEPTIONS
 from .sources import DEBIAN_PACKAGES, NPM_PACKAGES, fold
 
 
@@ -96,9 +96,14 @@ def readme(ordered, rules, deviations, stats, area_codes, tzdata, geonames_date)
         "or its city not in the selection. Cities: "
         + ", ".join(f"{name} {code}" for (_, name), (code, _) in
                     sorted(MAIN_AIRPORTS.items(), key=lambda item: fold(item[0][1]))) + ".",
-        "- Station code: the ICAO code of the nearest airport with scheduled flights that has "
-        "one, else of the nearest airfield (the weather station nearest the city centre; "
-        "London gives EGLC, London City).",
+        "- Station code: the ICAO code of the city's main airport (the airport code above, "
+        "curated rows included) when OurAirports gives it one; else the ICAO code of the "
+        "nearest airport with scheduled flights that has one, else of the nearest airfield "
+        "that has one. Exceptions, from `STATION_EXCEPTIONS` in "
+        "`scripts/worlddata/main_airports.py` (the generator stops if a code is not in the "
+        "airport data or a city not in the selection): "
+        + "; ".join(f"{name} {code} ({why})" for (_, name), (code, why) in
+                    sorted(STATION_EXCEPTIONS.items(), key=lambda item: fold(item[0][1]))) + ".",
         "- Dialling code: countries-list; a North American Numbering Plan country's "
         "three-digit code (1 876 Jamaica) is split into 1 and the area code.",
         "- Area code: the shortest libphonenumber geocoding prefix whose place is the city; "

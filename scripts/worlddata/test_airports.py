@@ -54,8 +54,33 @@ class PassengerAirport(unittest.TestCase):
             self.assertEqual(self.pick(names, lat, lon), expected, names)
 
     def test_closed_airport_stays_a_weather_station(self):
-        self.assertEqual(self.index.station(41.0, 28.9), "LTBA")
+        self.assertEqual(self.index.station("", 41.0, 28.9), "LTBA")
         self.assertNotIn("ISL", [r["iata"] for r in self.index.large_international()])
+
+    def test_station_is_the_main_airports(self):
+        index = AirportIndex(ROWS + [
+            airport("NOC", "", "medium_airport", "Istanbul", 41.01, 29.01),
+            # A heliport sharing IST's code: the scheduled airport's ICAO code wins.
+            airport("IST", "XXHP", "small_airport", "Istanbul", 41.0, 29.0, scheduled="no"),
+            airport("", "XXUN", "small_airport", "Nowhere", 10.0, 10.0, scheduled="no"),
+        ])
+        cases = [
+            # The main airport's own code, though other airports lie nearer.
+            ("IST", 41.0, 29.0, "LTFM"),
+            ("SAW", 41.0, 29.0, "LTFJ"),
+            # A main airport without an ICAO code: the nearest scheduled airport with one.
+            ("NOC", 41.0, 29.0, "XXOT"),
+            # No main airport: the nearest scheduled airport, else any airfield.
+            ("", 23.1, 113.1, "ZGFS"),
+            # The unscheduled airfield next door loses to a scheduled airport far off.
+            ("", 10.0, 10.01, "LTBA"),
+            ("ZZZ", 10.0, 10.01, "LTBA"),
+        ]
+        for code, lat, lon, expected in cases:
+            self.assertEqual(index.station(code, lat, lon), expected, code)
+        unscheduled = AirportIndex([airport("", "XXUN", "small_airport", "Nowhere", 10.0, 10.0,
+                                            scheduled="no")])
+        self.assertEqual(unscheduled.station("", 10.0, 10.01), "XXUN")
 
 
 class CuratedTable(unittest.TestCase):
@@ -79,6 +104,23 @@ class CuratedTable(unittest.TestCase):
         # The closed list's codes are checked against the data as well.
         with self.assertRaisesRegex(main_airports.CuratedAirportError, "ISL"):
             main_airports.check_codes(codes - {"ISL"}, {})
+
+    def test_station_exceptions(self):
+        cities = [SimpleNamespace(country="XX", name="Istanbul", station="LTFM"),
+                  SimpleNamespace(country="XX", name="Guangzhou", station="ZGGG")]
+        icao = AirportIndex(ROWS).icao_codes()
+        main_airports.apply_stations(cities, icao, {("XX", "Istanbul"): ("LTBA", "old slot")})
+        self.assertEqual([c.station for c in cities], ["LTBA", "ZGGG"])
+        with self.assertRaisesRegex(main_airports.CuratedAirportError, "ZZZZ"):
+            main_airports.apply_stations(cities, icao, {("XX", "Istanbul"): ("ZZZZ", "gone")})
+        with self.assertRaisesRegex(main_airports.CuratedAirportError, "Atlantis"):
+            main_airports.apply_stations(cities, icao, {("XX", "Atlantis"): ("LTBA", "none")})
+
+    def test_london_keeps_the_default_slots_station(self):
+        code, why = main_airports.STATION_EXCEPTIONS[("GB", "London")]
+        self.assertEqual(code, "EGLC")
+        self.assertIn("default clock slot", why)
+        self.assertEqual(main_airports.MAIN_AIRPORTS[("GB", "London")][0], "LHR")
 
 
 if __name__ == "__main__":
