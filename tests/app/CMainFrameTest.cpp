@@ -69,8 +69,6 @@ TEST(CMainFrame, StartsFromTheSettingsAndRebuildsChangedData) {
     EXPECT_FALSE(dataFilesChanged(f.paths));
     EXPECT_EQ(f.frame->shownView(), 0);
     EXPECT_EQ(f.frame->fullClock()->localTime().hour, 13); // London in summer time
-    EXPECT_EQ(f.frame->fullClock()->localTime().dstState, 1);
-    EXPECT_EQ(f.frame->windowTitle(), "Zonara");
 
     // A saved view and the 24-hour mark come back at the next start.
     Settings saved;
@@ -97,9 +95,8 @@ TEST(CMainFrame, MenuHidesTheSkinCommandButTheCommandStillWorks) {
     EXPECT_EQ(f.dialogs, (std::vector<std::string>{"zonara::CSkinSetup", "zonara::CCitySelection",
                                                    "zonara::AboutDialog"}));
     // Commands whose features come later say so; accepted ids do nothing.
-    for (const int id : {32777, 32819, 32820, 32779, 32783, 32780, 32791, 32782, 32784, 32788, 1}) {
+    for (const int id : {32777, 32819, 32820, 32779, 32783, 32780, 32791, 32782, 32784, 32788, 1})
         f.frame->OnCommand(id);
-    }
     EXPECT_EQ(f.told,
               (std::vector<QString>{"City Details", "Weather", "Weather", "Curreny Conversion",
                                     "Metric", "Stop Watch", "Update Data"}));

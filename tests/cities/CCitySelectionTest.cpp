@@ -38,18 +38,18 @@ QStringList rows(const QListWidget* list) {
 }
 
 // "Country/City" as the two lists show it, or as the dialog returned it.
-QString picked(const QDialog& dialog) {
+std::string picked(const QDialog& dialog) {
     QStringList parts;
     for (const char* name : {"countries", "cities"}) {
         const auto* list = dialog.findChild<QListWidget*>(name);
         parts << (list && list->currentItem() ? list->currentItem()->text() : QString());
     }
-    return parts.join('/');
+    return parts.join('/').toStdString();
 }
 
-QString chosen(const CCitySelection& dialog) {
+std::string chosen(const CCitySelection& dialog) {
     const auto& c = dialog.chosen();
-    return c ? QString::fromStdString(c->country.name + "/" + c->city.name) : QString();
+    return c ? c->country.name + "/" + c->city.name : std::string();
 }
 
 class CCitySelectionTest : public ::testing::Test {
