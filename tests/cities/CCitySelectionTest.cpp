@@ -122,13 +122,11 @@ TEST_F(CCitySelectionTest, TypedSearchPicksAHitAndEnterIsDone) {
     auto* search = child<QLineEdit>(dialog, "search");
     auto* hits = child<QListWidget>(dialog, "hits");
     type(search, "Syd");
-    EXPECT_EQ(search->text(), "Syd");
     EXPECT_TRUE(hits->isVisible());
     EXPECT_EQ(rows(hits), (QStringList{"Sydney, Australia", "Sydney, Canada"}));
     EXPECT_EQ(picked(dialog), "Australia/Sydney"); // the first hit is picked at once
     // The arrow keys walk the hits while typing goes on in the search field.
     press(search, Qt::Key_Down);
-    EXPECT_EQ(hits->currentRow(), 1);
     EXPECT_EQ(picked(dialog), "Canada/Sydney");
     // Without a hit, one line that cannot be picked; the lists keep the last pick.
     type(search, "x");

@@ -78,9 +78,6 @@ TEST(SunEventTime, MatchesHandWorkedCases) {
         // Both sides of the date line.
         {"West of dateline", 2006, 1, 1, -179.9, 10.0, SunEvent::Sunrise, {18, 16, 45}},
         {"East of dateline", 2006, 1, 1, 179.9, 10.0, SunEvent::Sunset, {5, 50, 21}},
-        // A place with sunrise near the Arctic circle in spring.
-        {"Tromso sunrise", 2006, 3, 20, 18.95, 69.65, SunEvent::Sunrise, {4, 45, 30}},
-        {"Tromso sunset", 2006, 3, 20, 18.95, 69.65, SunEvent::Sunset, {17, 0, 19}},
     };
     for (const Row& r : rows) {
         const SunTime t =
