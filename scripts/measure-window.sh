@@ -32,7 +32,15 @@ for profile in "${profiles[@]}"; do
     start=$(date +%s%N)
     "$zonara" --root "$root" --screen "$profile" &
     pid=$!
-    xdotool search --sync --onlyvisible --name '^Zonara$' >/dev/null
+    # xdotool's own --sync polls only twice a second; poll every 5 ms instead.
+    tries=0
+    until xdotool search --onlyvisible --name '^Zonara$' >/dev/null 2>&1; do
+        if ! kill -0 "$pid" 2>/dev/null || [ $(( tries += 1 )) -gt 2000 ]; then
+            echo "$profile: no window within 10 s" >&2
+            exit 1
+        fi
+        sleep 0.005
+    done
     mapped=$(date +%s%N)
     sleep 1
     window=$(xdotool search --onlyvisible --name '^Zonara$' | head -n 1)
