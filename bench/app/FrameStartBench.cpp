@@ -1,6 +1,5 @@
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
 #include <cstdlib>
 #include <filesystem>
 
@@ -8,6 +7,7 @@
 #include "clocks/CClockDetails.h"
 #include "core/DeviceProfile.h"
 #include "core/WorldFiles.h"
+#include "support/BenchQt.h"
 #include "support/ShippedFiles.h"
 #include "support/TempDir.h"
 
@@ -29,19 +29,10 @@ const Paths& shippedRoot() {
     return paths;
 }
 
-QApplication& application() {
-    static int argc = 1;
-    static char name[] = "bench_app";
-    static char* argv[] = {name, nullptr};
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    static QApplication app(argc, argv);
-    return app;
-}
-
 // From constructing the main frame to the first full clock drawn off-screen:
 // what the window does before its first painted clock.
 void FrameStartToFirstClock(benchmark::State& state) {
-    application();
+    test::ensureQtApplication();
     const Paths& paths = shippedRoot();
     const auto profile = deviceProfile(int(state.range(0)), int(state.range(1)));
     for (auto _ : state) {

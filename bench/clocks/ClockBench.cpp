@@ -1,10 +1,9 @@
 // One repaint of each clock at the 480x640 profile's sizes.
 
-#include <memory>
-
-#include <QApplication>
 #include <QImage>
 #include <benchmark/benchmark.h>
+
+#include "support/BenchQt.h"
 
 #include "clocks/AnalogueClock.h"
 #include "clocks/CDigitalClock.h"
@@ -13,20 +12,6 @@
 namespace {
 
 using namespace zonara;
-
-// The digital clock's text needs fonts, hence an application object; made
-// once, on the offscreen platform unless another is named.
-void ensureApplication() {
-    static int argc = 1;
-    static char name[] = "bench_clocks";
-    static char* argv[] = {name, nullptr};
-    static std::unique_ptr<QApplication> app;
-    if (QCoreApplication::instance() != nullptr)
-        return;
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    app = std::make_unique<QApplication>(argc, argv);
-}
 
 QImage clockFace(int width, int height) {
     QImage face(width, height, QImage::Format_RGB32);
@@ -75,7 +60,7 @@ BENCHMARK(BM_AnalogueHandsOnly);
 
 // A 440x80 six-digit clock with the AM/PM pair, painted with QPainter.
 void BM_DigitalRepaint(benchmark::State& state) {
-    ensureApplication();
+    test::ensureQtApplication();
     CDigitalClock clock;
     clock.resize(440, 80);
     clock.setColours(

@@ -1,30 +1,16 @@
 // One tick of the full clock view at 480x640: texts, changed fields, both clocks, moon phase.
 
-#include <memory>
-
-#include <QApplication>
 #include <QImage>
 #include <benchmark/benchmark.h>
 
 #include "clocks/CClockDetails.h"
 #include "clocks/FullClockTexts.h"
+#include "support/BenchQt.h"
 #include "support/TempDir.h"
 
 namespace {
 
 using namespace zonara;
-
-void ensureApplication() {
-    static int argc = 1;
-    static char name[] = "bench_clocks";
-    static char* argv[] = {name, nullptr};
-    static std::unique_ptr<QApplication> app;
-    if (QCoreApplication::instance() != nullptr)
-        return;
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    app = std::make_unique<QApplication>(argc, argv);
-}
 
 // All 13 fields shown, both clocks and the moon phase, as a busy skin has them.
 constexpr const char* scheme = R"(<scheme><mainclock>
@@ -55,7 +41,7 @@ struct Fixture {
     DstRuleList rules{{"LastSunMar 01:00", "LastSunOct 00:59"}};
 
     Fixture() {
-        ensureApplication();
+        test::ensureQtApplication();
         std::filesystem::create_directories(paths.graphicsDir());
         QImage back(480, 640, QImage::Format_RGB32);
         for (int y = 0; y < 640; ++y)
