@@ -83,7 +83,7 @@ TEST(WorldFiles, LooksUpByExactName) {
     EXPECT_EQ(cityAt(list[1], 1), nullptr);
 }
 
-TEST(WorldFiles, ReadsBadFilesWithoutCrashingAsDescribed) {
+TEST(WorldFiles, ReadsBadFilesSafelyAndKeepsTheirQuirks) {
     test::TempDir dir;
     const Paths paths(dir.path());
     CountryList list;
