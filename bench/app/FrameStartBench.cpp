@@ -37,7 +37,7 @@ void FrameStartToFirstClock(benchmark::State& state) {
     const auto profile = deviceProfile(int(state.range(0)), int(state.range(1)));
     for (auto _ : state) {
         CMainFrame frame(paths, ClockSource::system(), *profile);
-        frame.DeferredStart();
+        frame.deferredStart();
         benchmark::DoNotOptimize(frame.fullClock()->renderImage());
     }
 }

@@ -7,7 +7,7 @@
 
 #include "clocks/AnalogueClock.h"
 #include "clocks/CDigitalClock.h"
-#include "clocks/QImageSurface.h"
+#include "controls/QImageSurface.h"
 
 namespace {
 

@@ -74,12 +74,12 @@ void BM_FullClockRepaint(benchmark::State& state) {
     Fixture fixture;
     CClockDetails view(fixture.paths, ClockSource::fixedAt(*parseIsoUtc("2026-06-21T13:45:20Z")),
                        *deviceProfile(480, 640));
-    view.SetRules(&fixture.rules);
-    view.ApplySkin("busy");
+    view.setRules(&fixture.rules);
+    view.applySkin("busy");
     const ClockSlot cities[2] = {ClockSlot{}, otherCity()};
     int i = 0;
     for (auto _ : state) {
-        view.SetCity(cities[++i % 2]);
+        view.setCity(cities[++i % 2]);
         benchmark::DoNotOptimize(view.renderImage());
     }
 }
@@ -90,8 +90,8 @@ void BM_FullClockQuietTick(benchmark::State& state) {
     Fixture fixture;
     CClockDetails view(fixture.paths, ClockSource::fixedAt(*parseIsoUtc("2026-06-21T13:45:20Z")),
                        *deviceProfile(480, 640));
-    view.SetRules(&fixture.rules);
-    view.ApplySkin("busy");
+    view.setRules(&fixture.rules);
+    view.applySkin("busy");
     view.renderImage();
     for (auto _ : state) {
         view.Refresh();

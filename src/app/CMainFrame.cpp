@@ -64,20 +64,20 @@ CMainFrame::CMainFrame(const Paths& paths, const ClockSource& clock, const Devic
     layout->addWidget(bar);
     layout->setSizeConstraint(QLayout::SetFixedSize);
 
-    connect(bar->leftButton(), &QPushButton::clicked, this, [this] { OnCommand(32772); });
-    BuildMenu();
+    connect(bar->leftButton(), &QPushButton::clicked, this, [this] { onCommand(32772); });
+    buildMenu();
     setFocusPolicy(Qt::StrongFocus);
-    QTimer::singleShot(0, this, &CMainFrame::DeferredStart);
+    QTimer::singleShot(0, this, &CMainFrame::deferredStart);
 }
 
 CMainFrame::~CMainFrame() = default;
 
-void CMainFrame::BuildMenu() {
+void CMainFrame::buildMenu() {
     QMenu* top = bar->menu();
     auto add = [this](QMenu* menu, int id) {
         QAction* item = menu->addAction(commandText(id));
         item->setData(id);
-        connect(item, &QAction::triggered, this, [this, id] { OnCommand(id); });
+        connect(item, &QAction::triggered, this, [this, id] { onCommand(id); });
         return item;
     };
     QMenu* view = top->addMenu(tr("View"));
@@ -125,72 +125,72 @@ QAction* CMainFrame::action(int commandId) const {
     return find(bar->menu());
 }
 
-void CMainFrame::DeferredStart() {
+void CMainFrame::deferredStart() {
     if (started) {
         return;
     }
     started = true;
     current.Load(paths.dataFile(settingsFileName));
-    clockView->ApplySkin(toUtf8(current.skinFile));
-    ShowView(current.currentView <= multiClockView ? current.currentView : fullClockView);
+    clockView->applySkin(toUtf8(current.skinFile));
+    showView(current.currentView <= multiClockView ? current.currentView : fullClockView);
     if (QAction* mark = action(32792)) {
         mark->setChecked(current.use24Hour != 0);
     }
     if (dataFilesChanged(paths)) {
-        RebuildUnderBusyWindow();
+        rebuildUnderBusyWindow();
     }
     loadDstRules(paths, rules);
-    clockView->SetRules(&rules);
-    RefreshViews();
+    clockView->setRules(&rules);
+    refreshViews();
 }
 
-void CMainFrame::RebuildUnderBusyWindow() {
+void CMainFrame::rebuildUnderBusyWindow() {
     CBusyWindow busy(this);
     CountryList list;
     rebuildDataFiles(paths, list);
     catalog.reload();
 }
 
-void CMainFrame::ShowView(int view) {
+void CMainFrame::showView(int view) {
     viewShown = view;
     views->setCurrentIndex(view);
     if (view == fullClockView) {
-        RefreshViews();
+        refreshViews();
     }
 }
 
-void CMainFrame::RefreshViews() {
+void CMainFrame::refreshViews() {
     const std::int32_t slot =
         current.selectedSlot >= 0 && current.selectedSlot <= 3 ? current.selectedSlot : 0;
-    clockView->SetUse24Hour(current.use24Hour != 0);
-    clockView->SetCity(current.slots[std::size_t(slot)]);
+    clockView->setUse24Hour(current.use24Hour != 0);
+    clockView->setCity(current.slots[std::size_t(slot)]);
     clockView->Refresh();
     update();
 }
 
-void CMainFrame::OnCommand(int id) {
+void CMainFrame::onCommand(int id) {
     const FrameCommand* command = findFrameCommand(id);
     if (command == nullptr) {
         return;
     }
     switch (command->action) {
     case FrameAction::SelectCity:
-        SelectCity();
+        selectCity();
         break;
     case FrameAction::ShowView:
-        ShowView(command->view);
+        showView(command->view);
         break;
     case FrameAction::FullClockSkin:
-        ChooseSkin();
+        chooseSkin();
         break;
     case FrameAction::Toggle24Hour:
-        Toggle24Hour();
+        toggle24Hour();
         break;
     case FrameAction::Help:
-        ShowHelp();
+        showHelp();
         break;
     case FrameAction::About:
-        ShowAbout();
+        showAbout();
         break;
     case FrameAction::Exit:
         QTimer::singleShot(0, this, &QWidget::close);
@@ -200,18 +200,18 @@ void CMainFrame::OnCommand(int id) {
     case FrameAction::Metric:
     case FrameAction::StopWatch:
     case FrameAction::UpdateData:
-        NotYet(commandText(id));
+        notYet(commandText(id));
         break;
     case FrameAction::WeatherUpdate:
     case FrameAction::WeatherShowLast:
-        NotYet(tr("Weather"));
+        notYet(tr("Weather"));
         break;
     case FrameAction::Nothing:
         break;
     }
 }
 
-void CMainFrame::SelectCity() {
+void CMainFrame::selectCity() {
     const std::size_t slot = std::size_t(
         current.selectedSlot >= 0 && current.selectedSlot <= 3 ? current.selectedSlot : 0);
     CCitySelection dialog(catalog, int(slot), current.slots[slot], this);
@@ -220,10 +220,10 @@ void CMainFrame::SelectCity() {
     }
     current.slots[slot].Assign(dialog.chosen()->country, dialog.chosen()->city);
     current.Save(paths.dataFile(settingsFileName));
-    RefreshViews();
+    refreshViews();
 }
 
-void CMainFrame::ChooseSkin() {
+void CMainFrame::chooseSkin() {
     CSkinSetup dialog(paths, profile, toUtf8(current.skinFile), this);
     if (runDialog(dialog) != QDialog::Accepted || !dialog.skinChanged()) {
         return;
@@ -231,20 +231,20 @@ void CMainFrame::ChooseSkin() {
     current.skinFile = toUtf16(dialog.chosenSkin());
     current.Save(paths.dataFile(settingsFileName));
     if (viewShown == fullClockView) {
-        clockView->ApplySkin(dialog.chosenSkin());
-        RefreshViews();
+        clockView->applySkin(dialog.chosenSkin());
+        refreshViews();
     }
 }
 
-void CMainFrame::Toggle24Hour() {
+void CMainFrame::toggle24Hour() {
     current.use24Hour = current.use24Hour != 0 ? 0 : 1;
     if (QAction* mark = action(32792)) {
         mark->setChecked(current.use24Hour != 0);
     }
-    RefreshViews();
+    refreshViews();
 }
 
-void CMainFrame::ShowHelp() {
+void CMainFrame::showHelp() {
     const std::uint16_t language = languageIdFromLocale(QLocale::system().name().toStdString());
     const std::filesystem::path page = helpPage(paths.root(), language);
     if (!openPage(page)) {
@@ -254,12 +254,12 @@ void CMainFrame::ShowHelp() {
     }
 }
 
-void CMainFrame::ShowAbout() {
+void CMainFrame::showAbout() {
     AboutDialog dialog(this);
     runDialog(dialog);
 }
 
-void CMainFrame::NotYet(const QString& feature) {
+void CMainFrame::notYet(const QString& feature) {
     tellUser(feature,
              tr("%1 is not available yet; it comes in a later version of Zonara.").arg(feature));
 }
@@ -269,7 +269,7 @@ void CMainFrame::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Up:
     case Qt::Key_Down:
         current.selectedSlot = stepSlot(current.selectedSlot, event->key() == Qt::Key_Up);
-        RefreshViews();
+        refreshViews();
         return;
     default:
         break;
@@ -277,7 +277,7 @@ void CMainFrame::keyPressEvent(QKeyEvent* event) {
     const QString text = event->text();
     if (text.size() == 1) {
         if (const auto view = viewForKey(char(text.at(0).toLatin1()))) {
-            ShowView(*view);
+            showView(*view);
             return;
         }
     }

@@ -31,9 +31,9 @@ class CMainFrame : public QWidget {
     ~CMainFrame() override;
 
     // Runs one command id through the command table; unknown ids do nothing.
-    void OnCommand(int id);
+    void onCommand(int id);
     // The slow part of the start; it runs on its own once the window shows.
-    void DeferredStart();
+    void deferredStart();
 
     int shownView() const { return viewShown; }
     const Settings& settings() const { return current; }
@@ -52,16 +52,16 @@ class CMainFrame : public QWidget {
     void closeEvent(QCloseEvent* event) override;
 
   private:
-    void BuildMenu();
-    void ShowView(int view);
-    void RefreshViews();
-    void SelectCity();
-    void ChooseSkin();
-    void Toggle24Hour();
-    void ShowHelp();
-    void ShowAbout();
-    void NotYet(const QString& feature);
-    void RebuildUnderBusyWindow();
+    void buildMenu();
+    void showView(int view);
+    void refreshViews();
+    void selectCity();
+    void chooseSkin();
+    void toggle24Hour();
+    void showHelp();
+    void showAbout();
+    void notYet(const QString& feature);
+    void rebuildUnderBusyWindow();
 
     Paths paths;
     ClockSource clock;

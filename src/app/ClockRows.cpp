@@ -33,7 +33,7 @@ std::vector<std::string> clockRowHeader() {
 std::vector<std::string> clockRow(const ClockRowInput& input, const SystemTime& utc,
                                   const DstRuleList& rules, bool use24Hour, bool tsv) {
     ZoneTime local;
-    local.SetUtc(utc);
+    local.setUtc(utc);
     local.timeZoneIndex = input.timeZoneIndex;
     local.dstRuleIndex = input.dstRuleIndex;
     local.ApplyZone(rules);

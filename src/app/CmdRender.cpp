@@ -78,10 +78,10 @@ int runRender(CommandContext& ctx, Args& args) {
     DstRuleList rules;
     loadDstRules(ctx.paths, rules);
     CClockDetails view(ctx.paths, ctx.clock, *profile);
-    view.SetRules(&rules);
-    view.SetUse24Hour(settings.use24Hour != 0);
-    view.SetCity(settings.slots[slot]);
-    view.ApplySkin(skin);
+    view.setRules(&rules);
+    view.setUse24Hour(settings.use24Hour != 0);
+    view.setCity(settings.slots[slot]);
+    view.applySkin(skin);
     const QImage image = view.renderImage();
     if (!image.save(QString::fromStdString(*out), "PNG"))
         return fail(ctx, "cannot write " + *out);

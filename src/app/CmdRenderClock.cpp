@@ -38,7 +38,7 @@ ZoneTime selectedLocalTime(CommandContext& ctx, const Settings& settings) {
     DstRuleList rules;
     loadDstRules(ctx.paths, rules);
     ZoneTime local;
-    local.SetUtc(ctx.clock.utcNow());
+    local.setUtc(ctx.clock.utcNow());
     local.timeZoneIndex = settings.slots[slot].timeZoneIndex;
     local.dstRuleIndex = settings.slots[slot].dstRuleIndex;
     local.ApplyZone(rules);
@@ -102,7 +102,7 @@ int runRenderClock(CommandContext& ctx, Args& args) {
     QImage image;
     if (analogue) {
         CAnalogueClock clock;
-        if (!clock.engine().ReadScheme(parser, schemePrefix, rect))
+        if (!clock.engine().readScheme(parser, schemePrefix, rect))
             return fail(ctx, "the skin does not show the analogue clock (clock/@state is '" +
                                  state + "')");
         std::string backgroundName;
@@ -124,7 +124,7 @@ int runRenderClock(CommandContext& ctx, Args& args) {
         image = clock.render();
     } else {
         CDigitalClock clock;
-        if (!clock.engine().ReadScheme(parser, schemePrefix, rect))
+        if (!clock.engine().readScheme(parser, schemePrefix, rect))
             return fail(ctx, "the skin does not show the digital clock (dig_clock/@state is '" +
                                  state + "')");
         const int width = size ? size->first : rect.right - rect.left;

@@ -154,7 +154,7 @@ void drawAntiAliasedLine(PixelSurface& surface, PixelPoint from, PixelPoint to, 
     surface.setPixel(to.x, to.y, colour);
 }
 
-bool AnalogueClock::ReadScheme(const CXMLParser& parser, std::string_view prefix, SkinRect& rect) {
+bool AnalogueClock::readScheme(const CXMLParser& parser, std::string_view prefix, SkinRect& rect) {
     const std::string base = std::string(prefix) + "/clock";
     // Each key gets its own output; only a value actually present is applied.
     const auto read = [&](std::string_view key, auto&& apply) {

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "clocks/ColorRef.h"
-#include "clocks/PixelSurface.h"
+#include "controls/ColorRef.h"
+#include "controls/PixelSurface.h"
 #include "clocks/SkinValue.h"
 
 namespace zonara {
@@ -98,7 +98,7 @@ class AnalogueClock {
     // read nothing more, when "@state" is found and is not "show". A key that
     // is missing or empty keeps the value held before, so a skin without
     // "@radius" and "@hand-center" gets the ones the window size gives.
-    bool ReadScheme(const CXMLParser& parser, std::string_view prefix, SkinRect& rect);
+    bool readScheme(const CXMLParser& parser, std::string_view prefix, SkinRect& rect);
 
     void setRadius(int value);
     void setCentre(int x, int y);

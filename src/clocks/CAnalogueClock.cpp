@@ -5,7 +5,7 @@
 #include <QResizeEvent>
 #include <QTime>
 
-#include "clocks/QImageSurface.h"
+#include "controls/QImageSurface.h"
 
 namespace zonara {
 

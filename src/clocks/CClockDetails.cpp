@@ -11,7 +11,7 @@
 #include "clocks/CDigitalClock.h"
 #include "clocks/CXMLParser.h"
 #include "clocks/FullClockTexts.h"
-#include "clocks/QImageSurface.h"
+#include "controls/QImageSurface.h"
 #include "clocks/SkinFiles.h"
 
 namespace zonara {
@@ -67,7 +67,7 @@ CClockDetails::CClockDetails(const Paths& paths, const ClockSource& clock,
 
 CClockDetails::~CClockDetails() = default;
 
-void CClockDetails::ApplySkin(std::string_view skinName) {
+void CClockDetails::applySkin(std::string_view skinName) {
     skin = std::string(skinName);
     CXMLParser parser;
     parser.Create();
@@ -107,7 +107,7 @@ void CClockDetails::createClocks(const CXMLParser& parser) {
     digital.reset();
     SkinRect rect;
     auto face = std::make_unique<CAnalogueClock>(this);
-    if (face->engine().ReadScheme(parser, schemePrefix, rect)) {
+    if (face->engine().readScheme(parser, schemePrefix, rect)) {
         face->setGeometry(toQRect(rect));
         face->setBackground(background, QPoint(rect.left, rect.top));
         face->show();
@@ -115,7 +115,7 @@ void CClockDetails::createClocks(const CXMLParser& parser) {
     }
     rect = SkinRect{};
     auto segments = std::make_unique<CDigitalClock>(this);
-    if (segments->engine().ReadScheme(parser, schemePrefix, rect)) {
+    if (segments->engine().readScheme(parser, schemePrefix, rect)) {
         segments->setGeometry(toQRect(rect));
         segments->setUse24Hour(use24Hour);
         segments->show();
@@ -123,12 +123,12 @@ void CClockDetails::createClocks(const CXMLParser& parser) {
     }
 }
 
-void CClockDetails::SetCity(const ClockSlot& value) {
+void CClockDetails::setCity(const ClockSlot& value) {
     city = value;
     Refresh();
 }
 
-void CClockDetails::SetUse24Hour(bool value) {
+void CClockDetails::setUse24Hour(bool value) {
     if (value == use24Hour)
         return;
     use24Hour = value;
@@ -139,12 +139,12 @@ void CClockDetails::SetUse24Hour(bool value) {
     Refresh();
 }
 
-void CClockDetails::SetRules(const DstRuleList* value) {
+void CClockDetails::setRules(const DstRuleList* value) {
     rules = value;
     Refresh();
 }
 
-void CClockDetails::SetLocale(const LocaleFormat& value) {
+void CClockDetails::setLocaleFormat(const LocaleFormat& value) {
     locale = &value;
     Refresh();
 }

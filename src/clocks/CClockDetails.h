@@ -39,14 +39,14 @@ class CClockDetails : public QWidget {
     // Reads Graphics/NAME_WxH.xml for the profile's size: background, the 13
     // fields, the analogue clock, the digital clock, the moon phase. What the
     // scheme or its pictures lack is simply not drawn.
-    void ApplySkin(std::string_view skinName);
-    void SetCity(const ClockSlot& city);
-    void SetUse24Hour(bool use24Hour);
+    void applySkin(std::string_view skinName);
+    void setCity(const ClockSlot& city);
+    void setUse24Hour(bool use24Hour);
     // The owner keeps the list alive while the view uses it; nothing means no
     // rules, so every city shows no daylight saving.
-    void SetRules(const DstRuleList* rules);
+    void setRules(const DstRuleList* rules);
     // The owner keeps the locale alive; the fixed English one by default.
-    void SetLocale(const LocaleFormat& locale);
+    void setLocaleFormat(const LocaleFormat& locale);
     // Recomputes the texts, sets both clocks and repaints what changed.
     void Refresh();
 

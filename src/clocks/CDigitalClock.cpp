@@ -5,7 +5,7 @@
 #include <QPainter>
 #include <QPolygon>
 
-#include "clocks/QImageSurface.h"
+#include "controls/QImageSurface.h"
 
 namespace zonara {
 

@@ -109,7 +109,7 @@ CXMLParser::Result CXMLParser::GetValueAt(const pugi::xml_node& context, std::st
     return select(context, xpath, out);
 }
 
-pugi::xpath_node_set CXMLParser::SelectNodes(std::string_view xpath) const {
+pugi::xpath_node_set CXMLParser::selectNodes(std::string_view xpath) const {
     if (!document)
         return {};
     const std::optional<pugi::xpath_query> query = compile(xpath);

@@ -30,7 +30,7 @@ public:
     Result GetValueAt(const pugi::xml_node& context, std::string_view xpath,
                       std::string& out) const;
     // Empty when no document is held or the expression is invalid.
-    pugi::xpath_node_set SelectNodes(std::string_view xpath) const;
+    pugi::xpath_node_set selectNodes(std::string_view xpath) const;
     void Close();
 
 private:

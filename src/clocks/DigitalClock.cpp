@@ -123,7 +123,7 @@ DigitalClockFace layoutDigitalClock(int width, int height, int hour, int minute,
     return face;
 }
 
-bool DigitalClock::ReadScheme(const CXMLParser& parser, std::string_view prefix, SkinRect& rect) {
+bool DigitalClock::readScheme(const CXMLParser& parser, std::string_view prefix, SkinRect& rect) {
     const std::string base = std::string(prefix) + "/dig_clock";
     std::string state;
     if (found(parser.GetValue(base + "/@state", state)) && !isShown(state))

@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
-#include "clocks/ColorRef.h"
-#include "clocks/PixelSurface.h"
+#include "controls/ColorRef.h"
+#include "controls/PixelSurface.h"
 #include "clocks/SkinValue.h"
 
 namespace zonara {
@@ -126,7 +126,7 @@ class DigitalClock {
     // (anything but "show" ends the reading and gives false), "@rect" into
     // rect, then the five colours. A key that is missing, empty or fails keeps
     // what was held before.
-    bool ReadScheme(const CXMLParser& parser, std::string_view prefix, SkinRect& rect);
+    bool readScheme(const CXMLParser& parser, std::string_view prefix, SkinRect& rect);
 
     void setColours(const DigitalClockColours& value) { colourSet = value; }
     const DigitalClockColours& colours() const { return colourSet; }

@@ -18,7 +18,7 @@ FullClockStyles stylesOf(const std::array<TextField, textFieldCount>& fields) {
 
 std::string internetTimeText(const SystemTime& utc) {
     ZoneTime biel;
-    biel.SetUtc(utc);
+    biel.setUtc(utc);
     biel.AddMinutes(60);
     // 1/86.4: one beat is 86.4 seconds.
     const int beats = static_cast<int>((biel.hour * 60 + biel.minute) * 60 * 0.011574074074074073);
@@ -32,7 +32,7 @@ FullClockTexts fullClockTexts(const ClockSlot& city, const SystemTime& utc,
                               const FullClockStyles& styles, const LocaleFormat& locale) {
     FullClockTexts result;
     ZoneTime& local = result.local;
-    local.SetUtc(utc);
+    local.setUtc(utc);
     local.timeZoneIndex = city.timeZoneIndex;
     local.dstRuleIndex = city.dstRuleIndex;
     local.ApplyZone(rules);

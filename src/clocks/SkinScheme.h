@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "clocks/ColorRef.h"
+#include "controls/ColorRef.h"
 #include "clocks/SkinValue.h"
 
 namespace zonara {

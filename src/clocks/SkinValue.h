@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "clocks/ColorRef.h"
+#include "controls/ColorRef.h"
 
 namespace zonara {
 

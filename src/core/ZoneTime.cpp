@@ -60,7 +60,7 @@ std::int32_t comparisonKey(const ZoneTime& t) {
 
 } // namespace
 
-void ZoneTime::SetUtc(const SystemTime& utc) {
+void ZoneTime::setUtc(const SystemTime& utc) {
     day = utc.day;
     weekday = utc.dayOfWeek;
     month = utc.month;
@@ -71,7 +71,7 @@ void ZoneTime::SetUtc(const SystemTime& utc) {
 }
 
 void ZoneTime::SetUtcNow(const ClockSource& clock) {
-    SetUtc(clock.utcNow());
+    setUtc(clock.utcNow());
 }
 
 SystemTime ZoneTime::ToSystemTime() const {

@@ -23,7 +23,7 @@ struct ZoneTime {
     std::int32_t dstRuleIndex = 0; // 0 none, else the 1-based rule number
     std::int32_t dstState = -1;    // -1 no rule, 0 standard time, 1 daylight time
 
-    void SetUtc(const SystemTime& utc);
+    void setUtc(const SystemTime& utc);
     void SetUtcNow(const ClockSource& clock);
     SystemTime ToSystemTime() const;
 

@@ -37,7 +37,7 @@ std::optional<ZoneTime> sunEventLocalTime(const SunTime& ut, const ZoneTime& dat
     utc.minute = ut.minute;
     utc.second = ut.second;
     ZoneTime local;
-    local.SetUtc(utc);
+    local.setUtc(utc);
     local.timeZoneIndex = dateAndZone.timeZoneIndex;
     local.dstRuleIndex = dateAndZone.dstRuleIndex;
     local.ApplyZone(rules);

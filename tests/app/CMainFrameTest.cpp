@@ -41,7 +41,7 @@ struct Frame {
             dialogs.push_back(dialog.metaObject()->className());
             return int(QDialog::Rejected);
         };
-        frame->DeferredStart();
+        frame->deferredStart();
     }
 
     void key(int code, const QString& text = {}) {
@@ -76,7 +76,7 @@ TEST(CMainFrame, StartsFromTheSettingsAndRebuildsChangedData) {
     saved.use24Hour = 1;
     ASSERT_TRUE(saved.Save(f.paths.dataFile("settings.dat")));
     CMainFrame again(f.paths, ClockSource::fixedAt(noon), *deviceProfile(240, 320));
-    again.DeferredStart();
+    again.deferredStart();
     EXPECT_EQ(again.shownView(), 2);
     EXPECT_TRUE(again.action(32792)->isChecked());
 }
@@ -89,14 +89,14 @@ TEST(CMainFrame, MenuHidesTheSkinCommandButTheCommandStillWorks) {
     EXPECT_EQ(submenuTexts(f.frame->menu(), "View"),
               (std::vector<QString>{"Globe", "Full Clock", "Multi Clock"}));
 
-    f.frame->OnCommand(32790);
-    f.frame->OnCommand(32772);
-    f.frame->OnCommand(32794);
+    f.frame->onCommand(32790);
+    f.frame->onCommand(32772);
+    f.frame->onCommand(32794);
     EXPECT_EQ(f.dialogs, (std::vector<std::string>{"zonara::CSkinSetup", "zonara::CCitySelection",
                                                    "zonara::AboutDialog"}));
     // Commands whose features come later say so; accepted ids do nothing.
     for (const int id : {32777, 32819, 32820, 32779, 32783, 32780, 32791, 32782, 32784, 32788, 1})
-        f.frame->OnCommand(id);
+        f.frame->onCommand(id);
     EXPECT_EQ(f.told,
               (std::vector<QString>{"City Details", "Weather", "Weather", "Curreny Conversion",
                                     "Metric", "Stop Watch", "Update Data"}));
@@ -119,7 +119,7 @@ TEST(CMainFrame, KeysStepSlotsWithWrapAndChooseViewsInMenuOrder) {
         EXPECT_EQ(f.frame->settings().selectedSlot, s.slot) << s.key;
         EXPECT_EQ(f.frame->shownView(), s.view) << s.key;
     }
-    f.frame->OnCommand(32774);
+    f.frame->onCommand(32774);
     EXPECT_EQ(f.frame->shownView(), 1);
 }
 
@@ -127,12 +127,12 @@ TEST(CMainFrame, TwentyFourHourToggleTwiceSavesNothingButClosingSavesTheView) {
     Frame f;
     const auto file = f.paths.dataFile("settings.dat");
     for (const int expected : {1, 0}) {
-        f.frame->OnCommand(32792);
+        f.frame->onCommand(32792);
         EXPECT_EQ(f.frame->settings().use24Hour, expected);
         EXPECT_EQ(f.frame->action(32792)->isChecked(), expected == 1);
     }
     EXPECT_FALSE(std::filesystem::exists(file));
-    f.frame->OnCommand(32776);
+    f.frame->onCommand(32776);
     f.frame->close();
     Settings saved;
     ASSERT_TRUE(saved.Load(file));
@@ -148,7 +148,7 @@ TEST(CMainFrame, SelectCityDoneAssignsTheSelectedSlotAndSaves) {
         dialog.findChild<QPushButton*>("done")->click();
         return dialog.result();
     };
-    f.frame->OnCommand(32772);
+    f.frame->onCommand(32772);
     EXPECT_EQ(f.frame->settings().slots[1].cityName, u"Sydney");
     EXPECT_EQ(f.frame->settings().slots[0].cityName, u"London");
     Settings saved;
@@ -162,7 +162,7 @@ TEST(CMainFrame, SelectCityDoneAssignsTheSelectedSlotAndSaves) {
         dialog.reject();
         return dialog.result();
     };
-    f.frame->OnCommand(32772);
+    f.frame->onCommand(32772);
     EXPECT_EQ(f.frame->settings().slots[1].cityName, u"Sydney");
 }
 

@@ -67,10 +67,10 @@ class CmdRenderTest : public ::testing::Test {
         DstRuleList rules{{"LastSunMar 01:00", "LastSunOct 00:59"}};
         CClockDetails view(paths, ClockSource::fixedAt(*parseIsoUtc(at)),
                            *deviceProfile(width, height));
-        view.SetRules(&rules);
-        view.SetUse24Hour(settings.use24Hour != 0);
-        view.SetCity(settings.slots[slot]);
-        view.ApplySkin(toUtf8(settings.skinFile));
+        view.setRules(&rules);
+        view.setUse24Hour(settings.use24Hour != 0);
+        view.setCity(settings.slots[slot]);
+        view.applySkin(toUtf8(settings.skinFile));
         return view.renderImage();
     }
 
@@ -82,7 +82,7 @@ class CmdRenderTest : public ::testing::Test {
         SkinRect rect;
         if (analogue) {
             CAnalogueClock clock;
-            EXPECT_TRUE(clock.engine().ReadScheme(parser, schemePrefix, rect));
+            EXPECT_TRUE(clock.engine().readScheme(parser, schemePrefix, rect));
             clock.resize(size);
             const QImage face = load(paths.graphicsFile("face.png"));
             clock.setBackground(face, QPoint(40, 60)); // the rectangle's corner
@@ -90,7 +90,7 @@ class CmdRenderTest : public ::testing::Test {
             return clock.render().convertToFormat(QImage::Format_RGB32);
         }
         CDigitalClock clock;
-        EXPECT_TRUE(clock.engine().ReadScheme(parser, schemePrefix, rect));
+        EXPECT_TRUE(clock.engine().readScheme(parser, schemePrefix, rect));
         clock.resize(size);
         clock.setUse24Hour(use24Hour);
         clock.setTime(hour, 30, 15);

@@ -182,7 +182,7 @@ TEST(AnalogueClockScheme, ReadsKeysKeepsDefaultsAndStopsUnlessShown) {
         CXMLParser parser;
         EXPECT_TRUE(found(parser.Create()));
         EXPECT_TRUE(found(parser.Load(file)));
-        return clock.ReadScheme(parser, "scheme/mainclock", rect);
+        return clock.readScheme(parser, "scheme/mainclock", rect);
     };
     AnalogueClock clock;
     SkinRect rect;
@@ -217,7 +217,7 @@ TEST(AnalogueClockScheme, ReadsKeysKeepsDefaultsAndStopsUnlessShown) {
     }
     // Without any document every lookup fails and the built-in clock is shown.
     AnalogueClock builtIn;
-    EXPECT_TRUE(builtIn.ReadScheme(CXMLParser(), "scheme/mainclock", rect));
+    EXPECT_TRUE(builtIn.readScheme(CXMLParser(), "scheme/mainclock", rect));
     EXPECT_EQ(rect, (SkinRect{1, 2, 3, 4}));
 }
 

@@ -6,7 +6,7 @@
 #include "clocks/CAnalogueClock.h"
 #include "clocks/CDigitalClock.h"
 #include "clocks/FullClockTexts.h"
-#include "clocks/QImageSurface.h"
+#include "controls/QImageSurface.h"
 #include "support/TempDir.h"
 
 namespace zonara {
@@ -75,9 +75,9 @@ class CClockDetailsTest : public ::testing::Test {
     // A full moon in London at 23:30 BST: 22:30:15 UTC.
     std::unique_ptr<CClockDetails> view(const char* skin, bool use24Hour = false) {
         auto v = std::make_unique<CClockDetails>(paths, clock, *deviceProfile(480, 640));
-        v->SetRules(&rules);
-        v->SetUse24Hour(use24Hour);
-        v->ApplySkin(skin);
+        v->setRules(&rules);
+        v->setUse24Hour(use24Hour);
+        v->applySkin(skin);
         return v;
     }
 
@@ -147,10 +147,10 @@ TEST_F(CClockDetailsTest, TwentyFourHourModeNeitherDrawsNorErasesAmPm) {
     QImage image = v->renderImage();
     EXPECT_EQ(count(image, ampm, backColour), 70 * 40);
     // Back to 12 hours: the field appears; and goes again with a fresh drawing.
-    v->SetUse24Hour(false);
+    v->setUse24Hour(false);
     image = v->renderImage();
     EXPECT_GT(count(image, ampm, green), 20);
-    v->SetUse24Hour(true);
+    v->setUse24Hour(true);
     image = v->renderImage();
     EXPECT_EQ(count(image, ampm, backColour), 70 * 40);
 }
@@ -200,16 +200,16 @@ TEST_F(CClockDetailsTest, ChangedFieldsAreRedrawnOverTheBackground) {
     paris.dstRuleIndex = 1;
     paris.longitude = 2.35f;
     paris.latitude = 48.85f;
-    v->SetCity(paris);
+    v->setCity(paris);
     EXPECT_TRUE(v->fields()[CitySlot].dirty);
     EXPECT_FALSE(v->fields()[InternetTimeSlot].dirty);
     const QImage updated = v->renderImage();
 
     // Only what changed was drawn, and the old texts are gone without trace.
     auto fresh = std::make_unique<CClockDetails>(paths, clock, *deviceProfile(480, 640));
-    fresh->SetRules(&rules);
-    fresh->SetCity(paris);
-    fresh->ApplySkin("full");
+    fresh->setRules(&rules);
+    fresh->setCity(paris);
+    fresh->applySkin("full");
     EXPECT_EQ(updated, fresh->renderImage());
     EXPECT_EQ(v->fields()[CitySlot].text, "Paris");
 }
@@ -217,7 +217,7 @@ TEST_F(CClockDetailsTest, ChangedFieldsAreRedrawnOverTheBackground) {
 TEST_F(CClockDetailsTest, WhatTheSkinLacksIsNotDrawn) {
     auto v = view("full");
     // A missing picture: black under the one field; a skin without clocks removes them.
-    v->ApplySkin("plain");
+    v->applySkin("plain");
     EXPECT_EQ(v->analogueClock(), nullptr);
     EXPECT_EQ(v->digitalClock(), nullptr);
     const auto& fields = v->fields();
@@ -231,7 +231,7 @@ TEST_F(CClockDetailsTest, WhatTheSkinLacksIsNotDrawn) {
     EXPECT_EQ(v->moonPhase(), 4);
 
     // No scheme for the screen at all: nothing shown.
-    v->ApplySkin("nosuch");
+    v->applySkin("nosuch");
     for (const TextField& field : v->fields())
         EXPECT_FALSE(field.shown);
     EXPECT_EQ(v->analogueClock(), nullptr);
@@ -243,7 +243,7 @@ TEST_F(CClockDetailsTest, SizeAndFontFollowTheProfile) {
     writeFile(paths.graphicsFile("full_240x320.xml"), fullScheme);
     CClockDetails small(paths, clock, *deviceProfile(240, 320));
     EXPECT_TRUE(small.refreshTimer().isActive());
-    small.ApplySkin("full");
+    small.applySkin("full");
     EXPECT_EQ(small.size(), QSize(240, 320));
     TextField odd;
     odd.fontSize = 7; // 7·96/72 = 9.33, truncated

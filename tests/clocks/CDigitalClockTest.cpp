@@ -5,7 +5,7 @@
 #include <QImage>
 #include <gtest/gtest.h>
 
-#include "clocks/QImageSurface.h"
+#include "controls/QImageSurface.h"
 
 namespace zonara {
 namespace {

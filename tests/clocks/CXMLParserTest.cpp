@@ -68,7 +68,7 @@ TEST(CXMLParserTest, OnlyACreatedAndLoadedDocumentAnswers) {
     std::string out = "kept";
     EXPECT_EQ(parser.GetValue("a", out), Result::Error);
     EXPECT_EQ(parser.GetValueAt(pugi::xml_node(), "@a", out), Result::Error);
-    EXPECT_TRUE(parser.SelectNodes("//*").empty());
+    EXPECT_TRUE(parser.selectNodes("//*").empty());
     EXPECT_EQ(parser.Load(dir.path() / "a.xml"), Result::Error);
 
     ASSERT_EQ(parser.Create(), Result::Value);
@@ -118,7 +118,7 @@ TEST(CXMLParserTest, NodeListsAreReadRelativeToEachItem) {
     ASSERT_EQ(parser.Create(), Result::Value);
     ASSERT_EQ(parser.Load(dir.path() / "rates.xml"), Result::Value);
 
-    const pugi::xpath_node_set rates = parser.SelectNodes("rates/rate");
+    const pugi::xpath_node_set rates = parser.selectNodes("rates/rate");
     ASSERT_EQ(rates.size(), 3u);
     std::string currency, value;
     std::vector<std::string> seen;
@@ -132,8 +132,8 @@ TEST(CXMLParserTest, NodeListsAreReadRelativeToEachItem) {
 
     EXPECT_EQ(parser.GetValueAt(rates[2].node(), "note[", value), Result::Error);
     EXPECT_EQ(parser.GetValueAt(pugi::xml_node(), "@currency", value), Result::NoMatch);
-    EXPECT_TRUE(parser.SelectNodes("rates/rate[").empty());
-    EXPECT_TRUE(parser.SelectNodes("count(rates/rate)").empty());
+    EXPECT_TRUE(parser.selectNodes("rates/rate[").empty());
+    EXPECT_TRUE(parser.selectNodes("count(rates/rate)").empty());
 }
 
 } // namespace

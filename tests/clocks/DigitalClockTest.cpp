@@ -73,7 +73,7 @@ TEST(DigitalClockScheme, ReadsColoursInOrderAndStopsOnHiddenState) {
         CXMLParser parser;
         EXPECT_TRUE(found(parser.Create()));
         EXPECT_TRUE(found(parser.Load(file)));
-        return clock.ReadScheme(parser, "scheme/mainclock", rect);
+        return clock.readScheme(parser, "scheme/mainclock", rect);
     };
     DigitalClock clock;
     SkinRect rect;

@@ -16,7 +16,7 @@
 #include "clocks/AnalogueClock.h"
 #include "clocks/CDigitalClock.h"
 #include "clocks/CXMLParser.h"
-#include "clocks/QImageSurface.h"
+#include "controls/QImageSurface.h"
 #include "clocks/SkinFiles.h"
 #include "clocks/SkinScheme.h"
 #include "core/DeviceProfile.h"
@@ -118,10 +118,10 @@ TEST_F(ShippedSkins, LayoutFitsTheViewAndBothClocksDraw) {
             ASSERT_TRUE(found(parser.Load(file)));
             AnalogueClock analogue;
             SkinRect c;
-            ASSERT_TRUE(analogue.ReadScheme(parser, schemePrefix, c));
+            ASSERT_TRUE(analogue.readScheme(parser, schemePrefix, c));
             CDigitalClock digital;
             SkinRect d;
-            ASSERT_TRUE(digital.engine().ReadScheme(parser, schemePrefix, d));
+            ASSERT_TRUE(digital.engine().readScheme(parser, schemePrefix, d));
             const MoonPhaseLayout& moon = scheme.moonPhase;
             ASSERT_TRUE(moon.read && moon.loadImage);
             const SkinRect& m = moon.rect;

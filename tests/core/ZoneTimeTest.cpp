@@ -16,7 +16,7 @@ const DstRuleList rules = {
 
 ZoneTime at(const char* iso, int key, int rule) {
     ZoneTime t;
-    t.SetUtc(*parseIsoUtc(iso));
+    t.setUtc(*parseIsoUtc(iso));
     t.timeZoneIndex = key;
     t.dstRuleIndex = rule;
     return t;
@@ -137,7 +137,7 @@ TEST(ZoneTime, MinuteArithmeticMatchesPlainSeconds) {
     for (std::int64_t s = 1704067200; s < 1767225600; s += 86400 * 3 + 1234) {
         for (const ZoneRow& row : zoneTable) {
             ZoneTime t;
-            t.SetUtc(systemTimeFromUnix(s));
+            t.setUtc(systemTimeFromUnix(s));
             const int n = row.offsetMinutes;
             if (n >= 0) {
                 t.AddMinutes(n);

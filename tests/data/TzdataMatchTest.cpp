@@ -120,7 +120,7 @@ Mismatch compareWithTzdata(const std::string& zone, int key, int rule, const Dst
     Mismatch result;
     for (const std::time_t t : sampleInstants(tz)) {
         ZoneTime time;
-        time.SetUtc(systemTimeFromUnix(t));
+        time.setUtc(systemTimeFromUnix(t));
         time.timeZoneIndex = key;
         time.dstRuleIndex = rule;
         time.ApplyZone(rules);

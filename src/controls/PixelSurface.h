@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "clocks/ColorRef.h"
+#include "controls/ColorRef.h"
 
 namespace zonara {
 

@@ -4,7 +4,7 @@
 #include <QImage>
 #include <QRgb>
 
-#include "clocks/PixelSurface.h"
+#include "controls/PixelSurface.h"
 
 namespace zonara {
 

@@ -1,4 +1,4 @@
-#include "clocks/QImageSurface.h"
+#include "controls/QImageSurface.h"
 
 namespace zonara {
 
