@@ -6,7 +6,8 @@ set -euo pipefail
 packages=(
     cmake g++ make pkg-config
     qt6-base-dev qt6-qpa-plugins libgl-dev
-    libpugixml-dev libcurl4-openssl-dev
+    libpugixml-dev libcurl4-openssl-dev nlohmann-json3-dev
+    nginx-light fcgiwrap
     libgtest-dev libbenchmark-dev
     fonts-dejavu-core tzdata
 )
