@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "app/CMainFrame.h"
+#include "app/frame/CMainFrame.h"
 #include "clocks/CClockDetails.h"
 #include "core/DeviceProfile.h"
 #include "core/WorldFiles.h"

@@ -1,28 +1,27 @@
 #include "app/AboutDialog.h"
 
-#include <QDialogButtonBox>
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include "controls/CommandIds.h"
+
 namespace zonara {
 
-AboutDialog::AboutDialog(QWidget* parent) : QDialog(parent) {
-    setWindowTitle(tr("About"));
+AboutDialog::AboutDialog(const DeviceProfile& profile, QWidget* parent)
+    : CDialogFrame(profile, tr("About"), parent) {
     setObjectName(QStringLiteral("aboutDialog"));
+    setLeftKey(tr("Done"), cmd::Done);
     auto* text =
         new QLabel(tr("<h2>Zonara</h2><p>Version %1</p>"
                       "<p>A world clock with travel tools: the time of four cities of your choice, "
                       "right to the minute, wherever you are.</p>"
                       "<p>Time-zone and city data from public sources; see Data/sources.</p>")
                        .arg(QStringLiteral(ZONARA_VERSION)),
-                   this);
+                   content());
     text->setWordWrap(true);
     text->setAlignment(Qt::AlignCenter);
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok, this);
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    auto* layout = new QVBoxLayout(this);
+    auto* layout = new QVBoxLayout(content());
     layout->addWidget(text);
-    layout->addWidget(buttons);
 }
 
 } // namespace zonara

@@ -1,14 +1,14 @@
 #pragma once
-// The About dialog: the program's name, version and what it is.
+// The About dialog: the program's name, version, what it is and its credits.
 
-#include <QDialog>
+#include "controls/CDialogFrame.h"
 
 namespace zonara {
 
-class AboutDialog : public QDialog {
+class AboutDialog : public CDialogFrame {
     Q_OBJECT
   public:
-    explicit AboutDialog(QWidget* parent = nullptr);
+    explicit AboutDialog(const DeviceProfile& profile, QWidget* parent = nullptr);
 };
 
 } // namespace zonara

@@ -101,7 +101,7 @@ int runRenderClock(CommandContext& ctx, Args& args) {
     const ZoneTime local = selectedLocalTime(ctx, settings);
     QImage image;
     if (analogue) {
-        CAnalogueClock clock;
+        CAnalogueClock clock(ctx.clock);
         if (!clock.engine().readScheme(parser, schemePrefix, rect))
             return fail(ctx, "the skin does not show the analogue clock (clock/@state is '" +
                                  state + "')");

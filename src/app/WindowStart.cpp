@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <iostream>
 
-#include "app/CMainFrame.h"
+#include "app/frame/CMainFrame.h"
 #include "app/SingleInstance.h"
 #include "core/DeviceProfile.h"
 #include "core/RootFolder.h"

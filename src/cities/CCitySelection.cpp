@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "controls/CommandIds.h"
 #include "controls/SoftKeyBar.h"
 #include "core/Text.h"
 
@@ -34,13 +35,8 @@ QListWidget* makeList(QWidget* parent, const char* name) {
 } // namespace
 
 CCitySelection::CCitySelection(CityCatalog& catalog, int slotIndex, const ClockSlot& slot,
-                               QWidget* parent)
-    : QDialog(parent), catalog(catalog) {
-    setModal(true);
-    // Full screen over the main window, as every dialog of the program is.
-    if (parent != nullptr) {
-        setGeometry(parent->window()->geometry());
-    }
+                               const DeviceProfile& profile, QWidget* parent)
+    : CDialogFrame(profile, tr("Select City"), parent), catalog(catalog) {
     buildWidgets(slotIndex);
     startAt(slot);
     search->setFocus();
@@ -51,9 +47,7 @@ void CCitySelection::buildWidgets(int slotIndex) {
     setWindowTitle(heading);
     title = new QLabel(heading, this);
     title->setObjectName(QStringLiteral("title"));
-    QFont bold = title->font();
-    bold.setBold(true);
-    title->setFont(bold);
+    title->setProperty("role", QStringLiteral("title"));
 
     search = new QLineEdit(this);
     search->setObjectName(QStringLiteral("search"));
@@ -80,31 +74,21 @@ void CCitySelection::buildWidgets(int slotIndex) {
     lists->addLayout(countryColumn);
     lists->addLayout(cityColumn);
 
-    auto* bar = new SoftKeyBar(tr("Done"), this);
-    doneButton = bar->leftButton();
+    setLeftKey(tr("Done"), cmd::Done);
+    doneButton = softKeys()->leftButton();
     doneButton->setObjectName(QStringLiteral("done"));
-    doneButton->setDefault(true);
-    menuButton = bar->menuButton();
-    QAction* cancel = bar->menu()->addAction(tr("Cancel"));
-    cancel->setObjectName(QStringLiteral("cancel"));
+    addMenuCommand(tr("Cancel"), cmd::Cancel)->setObjectName(QStringLiteral("cancel"));
 
-    auto* content = new QVBoxLayout;
+    auto* content = new QVBoxLayout(this->content());
     content->setContentsMargins(6, 6, 6, 6);
     content->addWidget(title);
     content->addWidget(search);
     content->addWidget(hitList, 1);
     content->addLayout(lists, 2);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addLayout(content, 1);
-    layout->addWidget(bar);
 
     setTabOrder(search, hitList);
     setTabOrder(hitList, countryList);
     setTabOrder(countryList, cityList);
-    setTabOrder(cityList, doneButton);
-    setTabOrder(doneButton, menuButton);
 
     connect(countryList, &QListWidget::currentRowChanged, this, &CCitySelection::showCountry);
     connect(cityList, &QListWidget::currentRowChanged, this,
@@ -113,8 +97,6 @@ void CCitySelection::buildWidgets(int slotIndex) {
     connect(search, &QLineEdit::textChanged, this, &CCitySelection::showHits);
     connect(hitList, &QListWidget::currentRowChanged, this, &CCitySelection::pickHit);
     connect(hitList, &QListWidget::itemDoubleClicked, this, &CCitySelection::finish);
-    connect(doneButton, &QPushButton::clicked, this, &CCitySelection::finish);
-    connect(cancel, &QAction::triggered, this, &QDialog::reject);
     doneButton->setEnabled(false);
 }
 
@@ -181,8 +163,15 @@ void CCitySelection::finish() {
     accept();
 }
 
+void CCitySelection::onCommand(int commandId) {
+    if (commandId == cmd::Done)
+        finish();
+    else
+        CDialogFrame::onCommand(commandId);
+}
+
 void CCitySelection::showEvent(QShowEvent* event) {
-    QDialog::showEvent(event);
+    CDialogFrame::showEvent(event);
     // The starting selection was made before the lists had a size.
     for (QListWidget* list : {countryList, cityList}) {
         if (list->currentItem() != nullptr) {
@@ -206,7 +195,7 @@ bool CCitySelection::eventFilter(QObject* watched, QEvent* event) {
             break;
         }
     }
-    return QDialog::eventFilter(watched, event);
+    return CDialogFrame::eventFilter(watched, event);
 }
 
 } // namespace zonara

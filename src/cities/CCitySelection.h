@@ -3,7 +3,7 @@
 
 #include <optional>
 
-#include <QDialog>
+#include "controls/CDialogFrame.h"
 
 #include "cities/CityCatalog.h"
 #include "core/ClockSlot.h"
@@ -21,14 +21,14 @@ struct ChosenCity {
     City city;
 };
 
-class CCitySelection : public QDialog {
+class CCitySelection : public CDialogFrame {
     Q_OBJECT
 
   public:
     // Starts at the slot's country and city when the catalog still has them.
     // The catalog must outlive the dialog.
     CCitySelection(CityCatalog& catalog, int slotIndex, const ClockSlot& slot,
-                   QWidget* parent = nullptr);
+                   const DeviceProfile& profile, QWidget* parent = nullptr);
 
     // Set only when the dialog ended with "Done"; the caller assigns the slot
     // and saves the settings.
@@ -38,6 +38,7 @@ class CCitySelection : public QDialog {
     static constexpr std::size_t hitLimit = 50;
 
   protected:
+    void onCommand(int commandId) override;
     void showEvent(QShowEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -59,7 +60,6 @@ class CCitySelection : public QDialog {
     QListWidget* countryList = nullptr;
     QListWidget* cityList = nullptr;
     QPushButton* doneButton = nullptr;
-    QPushButton* menuButton = nullptr;
 };
 
 } // namespace zonara

@@ -1,19 +1,37 @@
 #include "clocks/CAnalogueClock.h"
 
-#include <QDateTime>
+#include <algorithm>
+
 #include <QPainter>
 #include <QResizeEvent>
-#include <QTime>
 
 #include "controls/QImageSurface.h"
 
 namespace zonara {
 
-CAnalogueClock::CAnalogueClock(QWidget* parent) : QWidget(parent) {
+CAnalogueClock::CAnalogueClock(const ClockSource& source, QWidget* parent) : QWidget(parent) {
     // The buffer covers the whole window on every paint.
     setAttribute(Qt::WA_OpaquePaintEvent);
-    const QTime now = QDateTime::currentDateTimeUtc().time();
-    clock.setTime(now.hour() >= 12 ? now.hour() - 12 : now.hour(), now.minute(), now.second());
+    const SystemTime now = source.utcNow();
+    clock.setTime(now.hour >= 12 ? now.hour - 12 : now.hour, now.minute, now.second);
+}
+
+QRect CAnalogueClock::handsArea() {
+    clock.applyClientSize(width(), height());
+    int left = width(), top = height(), right = -1, bottom = -1;
+    for (const HandStroke& stroke : clock.hands()) {
+        for (const LineSegment& line : stroke.lines) {
+            for (const PixelPoint& p : {line.from, line.to}) {
+                left = std::min(left, p.x);
+                top = std::min(top, p.y);
+                right = std::max(right, p.x);
+                bottom = std::max(bottom, p.y);
+            }
+        }
+    }
+    if (right < left || bottom < top)
+        return {};
+    return QRect(QPoint(left - 2, top - 2), QPoint(right + 2, bottom + 2)).intersected(rect());
 }
 
 void CAnalogueClock::setBackground(const QImage& picture, QPoint offset) {
@@ -25,8 +43,11 @@ void CAnalogueClock::setBackground(const QImage& picture, QPoint offset) {
 }
 
 void CAnalogueClock::setTime(int hour, int minute, int second) {
+    if (hour == clock.hour() && minute == clock.minute() && second == clock.second())
+        return;
+    const QRect before = handsArea();
     clock.setTime(hour, minute, second);
-    update();
+    update(QRegion(before) + handsArea());
 }
 
 void CAnalogueClock::hideSeconds(bool hide) {

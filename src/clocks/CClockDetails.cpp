@@ -11,14 +11,16 @@
 #include "clocks/CDigitalClock.h"
 #include "clocks/CXMLParser.h"
 #include "clocks/FullClockTexts.h"
-#include "controls/QImageSurface.h"
 #include "clocks/SkinFiles.h"
+#include "controls/QImageSurface.h"
 
 namespace zonara {
 
 namespace {
 
-constexpr int refreshMilliseconds = 1000;
+// A tick lands this long after the second turns, so that a timer that fires
+// a little early still reads the new second.
+constexpr int tickLateness = 4;
 
 QRect toQRect(const SkinRect& r) {
     return QRect(r.left, r.top, r.right - r.left, r.bottom - r.top);
@@ -60,9 +62,10 @@ CClockDetails::CClockDetails(const Paths& paths, const ClockSource& clock,
     setFixedSize(profile.width, profile.height);
     background = QImage(size(), QImage::Format_RGB32);
     background.fill(Qt::black);
-    timer.setInterval(refreshMilliseconds);
-    connect(&timer, &QTimer::timeout, this, &CClockDetails::Refresh);
-    timer.start();
+    timer.setSingleShot(true);
+    timer.setTimerType(Qt::PreciseTimer);
+    connect(&timer, &QTimer::timeout, this, &CClockDetails::tick);
+    scheduleTick();
 }
 
 CClockDetails::~CClockDetails() = default;
@@ -106,7 +109,7 @@ void CClockDetails::createClocks(const CXMLParser& parser) {
     analogue.reset();
     digital.reset();
     SkinRect rect;
-    auto face = std::make_unique<CAnalogueClock>(this);
+    auto face = std::make_unique<CAnalogueClock>(clock, this);
     if (face->engine().readScheme(parser, schemePrefix, rect)) {
         face->setGeometry(toQRect(rect));
         face->setBackground(background, QPoint(rect.left, rect.top));
@@ -149,12 +152,23 @@ void CClockDetails::setLocaleFormat(const LocaleFormat& value) {
     Refresh();
 }
 
+void CClockDetails::showSlots(const Settings& settings, const DstRuleList& list) {
+    rules = &list;
+    const std::size_t slot = std::size_t(
+        settings.selectedSlot >= 0 && settings.selectedSlot <= 3 ? settings.selectedSlot : 0);
+    city = settings.slots[slot];
+    setUse24Hour(settings.use24Hour != 0);
+    Refresh();
+}
+
 void CClockDetails::setFieldText(std::size_t slot, const std::string& text) {
     TextField& field = scheme.fields[slot];
     if (field.text == text)
         return;
     field.text = text;
     field.dirty = true;
+    if (field.shown && !(slot == AmPmSlot && use24Hour))
+        dirtyRegion += toQRect(field.rect);
 }
 
 void CClockDetails::Refresh() {
@@ -163,10 +177,45 @@ void CClockDetails::Refresh() {
     for (std::size_t slot = 0; slot < textFieldCount; ++slot)
         setFieldText(slot, result.texts[slot]);
     local = result.local;
-    if (moonWanted)
-        phase = fullClockMoonPhase(local);
+    if (moonWanted) {
+        const int next = fullClockMoonPhase(local);
+        if (next != phase)
+            dirtyRegion += QRect(scheme.moonPhase.rect.left, scheme.moonPhase.rect.top,
+                                 scheme.moonPhase.size.width, scheme.moonPhase.size.height);
+        phase = next;
+    }
     setClockTimes();
-    update();
+    // Only what changed is drawn; a tick that changes nothing draws nothing.
+    if (repaintAll)
+        update();
+    else if (!dirtyRegion.isEmpty())
+        update(dirtyRegion);
+    dirtyRegion = QRegion();
+}
+
+void CClockDetails::tick() {
+    Refresh();
+    scheduleTick();
+}
+
+void CClockDetails::scheduleTick() {
+    // A fixed clock never turns a second; it is looked at once a second all
+    // the same, as the one-second timer did.
+    tickDelay = clock.isFixed() ? 1000 : 1000 - clock.utcNow().milliseconds + tickLateness;
+    if (isVisible() || !testAttribute(Qt::WA_WState_ExplicitShowHide))
+        timer.start(tickDelay);
+}
+
+void CClockDetails::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    Refresh();
+    scheduleTick();
+}
+
+void CClockDetails::hideEvent(QHideEvent* event) {
+    // A hidden view costs nothing.
+    timer.stop();
+    QWidget::hideEvent(event);
 }
 
 void CClockDetails::setClockTimes() {

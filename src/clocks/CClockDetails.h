@@ -8,12 +8,14 @@
 
 #include <QFont>
 #include <QImage>
+#include <QRegion>
 #include <QTimer>
 #include <QWidget>
 
 class QPainter;
 
 #include "clocks/SkinScheme.h"
+#include "controls/ClockView.h"
 #include "core/ClockSlot.h"
 #include "core/ClockSource.h"
 #include "core/DeviceProfile.h"
@@ -28,10 +30,11 @@ class CAnalogueClock;
 class CDigitalClock;
 class CXMLParser;
 
-class CClockDetails : public QWidget {
+class CClockDetails : public QWidget, public ClockView {
     Q_OBJECT
   public:
-    // The view takes the profile's size and starts its one-second timer.
+    // The view takes the profile's size and starts ticking on the clock
+    // source's whole seconds.
     CClockDetails(const Paths& paths, const ClockSource& clock, const DeviceProfile& profile,
                   QWidget* parent = nullptr);
     ~CClockDetails() override;
@@ -50,6 +53,19 @@ class CClockDetails : public QWidget {
     // Recomputes the texts, sets both clocks and repaints what changed.
     void Refresh();
 
+    // The frame's view interface: the selected slot's city, the 24-hour
+    // choice and the rules.
+    QWidget* widget() override { return this; }
+    void showSlots(const Settings& settings, const DstRuleList& rules) override;
+    void refresh() override { Refresh(); }
+    void takeFocus() override { setFocus(); }
+
+    // One tick: refresh, then schedule the next one just past the next whole
+    // second of the clock source.
+    void tick();
+    // Milliseconds from now to the next tick, as tick() last scheduled it.
+    int nextTickDelay() const { return tickDelay; }
+
     // The whole view with its clocks, drawn off-screen as the window shows it.
     QImage renderImage();
 
@@ -62,7 +78,7 @@ class CClockDetails : public QWidget {
     CAnalogueClock* analogueClock() const { return analogue.get(); }
     CDigitalClock* digitalClock() const { return digital.get(); }
     const QImage& backgroundImage() const { return background; }
-    // Fires Refresh once a second while the view exists.
+    // Fires tick() on each whole second while the view is shown.
     const QTimer& refreshTimer() const { return timer; }
     // The font a field is drawn in: its points at the profile's dots per inch.
     QFont fieldFont(const TextField& field) const;
@@ -70,12 +86,15 @@ class CClockDetails : public QWidget {
   protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
   private:
     void loadBackground(const std::string& name);
     void createClocks(const CXMLParser& parser);
     void setFieldText(std::size_t slot, const std::string& text);
     void setClockTimes();
+    void scheduleTick();
     void drawCanvas();
     void drawFields(QPainter& painter);
     void drawMoonPhase(QPainter& painter);
@@ -105,6 +124,8 @@ class CClockDetails : public QWidget {
     std::unique_ptr<CAnalogueClock> analogue;
     std::unique_ptr<CDigitalClock> digital;
     QTimer timer;
+    int tickDelay = 1000;
+    QRegion dirtyRegion;
     QString fontFamily;
 };
 

@@ -46,8 +46,30 @@ void CDigitalClock::setColours(const DigitalClockColours& colours) {
 }
 
 void CDigitalClock::setTime(int hour, int minute, int second) {
+    const DigitalClockFace before = clock.face(width(), height());
     clock.setTime(hour, minute, second);
-    update();
+    const DigitalClockFace after = clock.face(width(), height());
+    // Only segments and texts that light up or go dark are drawn again.
+    if (before.segments.size() != after.segments.size() ||
+        before.texts.size() != after.texts.size()) {
+        update();
+        return;
+    }
+    QRegion changed;
+    for (std::size_t i = 0; i < after.segments.size(); ++i) {
+        if (before.segments[i].lit == after.segments[i].lit)
+            continue;
+        QPolygon outline;
+        for (const PixelPoint& p : after.segments[i].points)
+            outline << QPoint(p.x, p.y);
+        changed += outline.boundingRect().adjusted(-1, -1, 1, 1);
+    }
+    for (std::size_t i = 0; i < after.texts.size(); ++i)
+        if (before.texts[i].lit != after.texts[i].lit ||
+            before.texts[i].text != after.texts[i].text)
+            changed += toQRect(after.texts[i].rect);
+    if (!changed.isEmpty())
+        update(changed);
 }
 
 void CDigitalClock::setFlags(std::uint32_t flags) {

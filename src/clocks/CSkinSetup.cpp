@@ -10,6 +10,7 @@
 #include "clocks/CXMLParser.h"
 #include "clocks/SkinFiles.h"
 #include "clocks/SkinScheme.h"
+#include "controls/CommandIds.h"
 #include "controls/SoftKeyBar.h"
 
 namespace zonara {
@@ -28,9 +29,7 @@ QImage skinPreviewPicture(const Paths& paths, std::string_view skinName, int wid
 
 CSkinSetup::CSkinSetup(const Paths& paths, const DeviceProfile& profile,
                        std::string_view currentSkin, QWidget* parent)
-    : QDialog(parent), paths(paths), profile(profile), current(currentSkin) {
-    setWindowTitle(tr("Skins"));
-    setModal(true);
+    : CDialogFrame(profile, tr("Skins"), parent), paths(paths), current(currentSkin) {
 
     list = new QListWidget(this);
     const SkinList skins = enumerateSkins(paths, profile.width, profile.height, current);
@@ -42,34 +41,23 @@ CSkinSetup::CSkinSetup(const Paths& paths, const DeviceProfile& profile,
     previewLabel->setAlignment(Qt::AlignCenter);
     previewLabel->setMinimumSize(1, 1);
 
-    auto* bar = new SoftKeyBar(tr("Done"), this);
-    done = bar->leftButton();
+    setLeftKey(tr("Done"), cmd::Done);
+    done = softKeys()->leftButton();
     done->setObjectName(QStringLiteral("done"));
-    done->setDefault(true);
-    cancel = bar->menu()->addAction(tr("Cancel"));
+    cancel = addMenuCommand(tr("Cancel"), cmd::Cancel);
     cancel->setObjectName(QStringLiteral("cancel"));
-    connect(done, &QPushButton::clicked, this, &QDialog::accept);
-    connect(cancel, &QAction::triggered, this, &QDialog::reject);
 
-    auto* content = new QVBoxLayout;
+    auto* content = new QVBoxLayout(this->content());
     content->setContentsMargins(6, 6, 6, 6);
-    content->addWidget(new QLabel(tr("Skin"), this));
+    auto* heading = new QLabel(tr("Skin"), this);
+    heading->setProperty("role", QStringLiteral("title"));
+    content->addWidget(heading);
     content->addWidget(list, 1);
     content->addWidget(previewLabel, 2);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addLayout(content, 1);
-    layout->addWidget(bar);
 
     connect(list, &QListWidget::currentRowChanged, this, [this] { showPreview(); });
     if (!names.empty())
         list->setCurrentRow(static_cast<int>(skins.selected));
-
-    if (parent != nullptr)
-        setGeometry(parent->window()->geometry());
-    else
-        resize(profile.width, profile.height);
 }
 
 std::string CSkinSetup::chosenSkin() const {
@@ -84,7 +72,7 @@ bool CSkinSetup::skinChanged() const {
 }
 
 void CSkinSetup::showPreview() {
-    preview = skinPreviewPicture(paths, chosenSkin(), profile.width, profile.height);
+    preview = skinPreviewPicture(paths, chosenSkin(), profile().width, profile().height);
     scalePreview();
 }
 
@@ -98,7 +86,7 @@ void CSkinSetup::scalePreview() {
 }
 
 void CSkinSetup::resizeEvent(QResizeEvent* event) {
-    QDialog::resizeEvent(event);
+    CDialogFrame::resizeEvent(event);
     scalePreview();
 }
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include <QDialog>
+#include "controls/CDialogFrame.h"
 
 #include "core/DeviceProfile.h"
 #include "core/Paths.h"
@@ -17,7 +17,7 @@ class QPushButton;
 
 namespace zonara {
 
-class CSkinSetup : public QDialog {
+class CSkinSetup : public CDialogFrame {
     Q_OBJECT
   public:
     // Lists the skins that have a scheme for the profile's screen size, with
@@ -49,7 +49,6 @@ class CSkinSetup : public QDialog {
     void scalePreview();
 
     Paths paths;
-    DeviceProfile profile;
     std::string current;
     std::vector<std::string> names;
     QImage preview;

@@ -8,6 +8,9 @@ SystemTime ClockSource::utcNow() const {
     if (fixed) {
         return *fixed;
     }
+    if (utcFunction) {
+        return utcFunction();
+    }
     using namespace std::chrono;
     const auto now = system_clock::now();
     const auto seconds = floor<std::chrono::seconds>(now);
@@ -17,6 +20,9 @@ SystemTime ClockSource::utcNow() const {
 }
 
 std::uint64_t ClockSource::tickCount() const {
+    if (tickFunction) {
+        return tickFunction();
+    }
     using namespace std::chrono;
     return std::uint64_t(
         duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count());

@@ -8,10 +8,12 @@
 #include <QMenu>
 #include <QPushButton>
 
-#include "app/CMainFrame.h"
+#include "app/frame/CMainFrame.h"
+#include "app/frame/FrameCommands.h"
 #include "cities/CCitySelection.h"
 #include "clocks/CClockDetails.h"
 #include "clocks/CSkinSetup.h"
+#include "controls/CommandIds.h"
 #include "core/WorldFiles.h"
 #include "support/TempDir.h"
 #include "support/WorldFixture.h"
@@ -28,6 +30,7 @@ struct Frame {
     std::unique_ptr<CMainFrame> frame;
     std::vector<QString> told;
     std::vector<std::string> dialogs;
+    std::vector<std::filesystem::path> pages;
 
     Frame() {
         City sydney = test::sampleCity("Sydney", 255, 2);
@@ -36,10 +39,16 @@ struct Frame {
         test::writeRules(paths);
         frame = std::make_unique<CMainFrame>(paths, ClockSource::fixedAt(noon),
                                              *deviceProfile(240, 320));
-        frame->tellUser = [this](const QString& title, const QString&) { told.push_back(title); };
-        frame->runDialog = [this](QDialog& dialog) {
+        frame->services.tellUser = [this](const QString& title, const QString&) {
+            told.push_back(title);
+        };
+        frame->services.runDialog = [this](QDialog& dialog) {
             dialogs.push_back(dialog.metaObject()->className());
             return int(QDialog::Rejected);
+        };
+        frame->services.openPage = [this](const std::filesystem::path& page) {
+            pages.push_back(page);
+            return true;
         };
         frame->deferredStart();
     }
@@ -50,15 +59,20 @@ struct Frame {
     }
 };
 
-// The item texts of the window menu's submenu of that title, separators left out.
-std::vector<QString> submenuTexts(const QMenu* menu, const QString& title) {
-    std::vector<QString> texts;
-    for (const QAction* item : menu->actions())
-        if (item->menu() != nullptr && item->text() == title)
-            for (const QAction* sub : item->menu()->actions())
-                if (!sub->isSeparator())
-                    texts.push_back(sub->text());
-    return texts;
+// The whole menu as "Popup/Item" lines, separators as "-".
+std::vector<std::string> menuLines(const QMenu* menu, const std::string& prefix = {}) {
+    std::vector<std::string> lines;
+    for (const QAction* item : menu->actions()) {
+        if (item->isSeparator()) {
+            lines.push_back("-");
+        } else if (item->menu() != nullptr) {
+            for (std::string& inner : menuLines(item->menu(), item->text().toStdString() + "/"))
+                lines.push_back(std::move(inner));
+        } else {
+            lines.push_back(prefix + item->text().toStdString());
+        }
+    }
+    return lines;
 }
 
 } // namespace
@@ -78,28 +92,83 @@ TEST(CMainFrame, StartsFromTheSettingsAndRebuildsChangedData) {
     CMainFrame again(f.paths, ClockSource::fixedAt(noon), *deviceProfile(240, 320));
     again.deferredStart();
     EXPECT_EQ(again.shownView(), 2);
-    EXPECT_TRUE(again.action(32792)->isChecked());
+    EXPECT_TRUE(again.action(cmd::UseTwentyFourHour)->isChecked());
 }
 
-TEST(CMainFrame, MenuHidesTheSkinCommandButTheCommandStillWorks) {
+TEST(CMainFrame, MenuIsTheTablesShownRowsInOrderWithoutTheSkinItem) {
     Frame f;
-    EXPECT_EQ(submenuTexts(f.frame->menu(), "Setup"),
-              (std::vector<QString>{"Update Data", "Use 24 hour clock"}));
-    EXPECT_EQ(f.frame->action(32790), nullptr);
-    EXPECT_EQ(submenuTexts(f.frame->menu(), "View"),
-              (std::vector<QString>{"Globe", "Full Clock", "Multi Clock"}));
+    EXPECT_EQ(
+        menuLines(f.frame->menu()),
+        (std::vector<std::string>{"View/Globe", "View/Full Clock", "View/Multi Clock",
+                                  "City Details", "Weather/Update", "Weather/Show Last",
+                                  "Curreny Conversion", "Metric", "Stop Watch", "Setup/Update Data",
+                                  "Setup/Use 24 hour clock", "-", "Help", "About", "Exit"}));
+    EXPECT_EQ(f.frame->action(cmd::FullClockSkin), nullptr);
+    // Every shown row, and no other, has its item carrying its id.
+    for (const FrameCommand& row : frameCommands()) {
+        QAction* item = f.frame->action(row.id);
+        EXPECT_EQ(item != nullptr, row.item == MenuItem::Shown) << row.id;
+    }
+}
 
-    f.frame->onCommand(32790);
-    f.frame->onCommand(32772);
-    f.frame->onCommand(32794);
-    EXPECT_EQ(f.dialogs, (std::vector<std::string>{"zonara::CSkinSetup", "zonara::CCitySelection",
-                                                   "zonara::AboutDialog"}));
-    // Commands whose features come later say so; accepted ids do nothing.
-    for (const int id : {32777, 32819, 32820, 32779, 32783, 32780, 32791, 32782, 32784, 32788, 1})
+TEST(CMainFrame, EveryCommandOfTheTableReachesItsHandler) {
+    // What each id does, seen from outside; a new row needs a row here.
+    struct Expect {
+        int id;
+        const char* dialog = ""; // the dialog it runs
+        const char* told = "";   // what it tells the user
+        int view = -1;           // the view it shows
+        bool toggles24Hour = false;
+        bool opensPage = false;
+        bool closes = false;
+    };
+    const std::vector<Expect> table = {
+        {cmd::SelectCity, "zonara::CCitySelection"},
+        {cmd::Globe, "", "", 1},
+        {cmd::FullClock, "", "", 0},
+        {cmd::MultiClock, "", "", 2},
+        {cmd::CityDetails, "", "City Details"},
+        {cmd::WeatherUpdate, "", "Update"},
+        {cmd::WeatherShowLast, "", "Show Last"},
+        {cmd::CurrencyConversion, "", "Curreny Conversion"},
+        {cmd::Metric, "", "Metric"},
+        {cmd::StopWatch, "", "Stop Watch"},
+        {cmd::FullClockSkin, "zonara::CSkinSetup"},
+        {cmd::UpdateData, "", "Update Data"},
+        {cmd::UseTwentyFourHour, "", "", -1, true},
+        {cmd::Help, "", "", -1, false, true},
+        {cmd::About, "zonara::AboutDialog"},
+        {cmd::Exit, "", "", -1, false, false, true},
+        {cmd::PlatformCancel, "", "", -1, false, false, true},
+        {32782},
+        {32784},
+        {32785},
+        {32786},
+        {32787},
+        {32788},
+    };
+    ASSERT_EQ(table.size(), frameCommands().size());
+    for (const Expect& e : table) {
+        SCOPED_TRACE(e.id);
+        ASSERT_NE(findFrameCommand(e.id), nullptr);
+        Frame f;
+        f.frame->show();
+        const int view = f.frame->shownView();
+        f.frame->onCommand(e.id);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(f.dialogs,
+                  e.dialog[0] ? std::vector<std::string>{e.dialog} : std::vector<std::string>{});
+        EXPECT_EQ(f.told, e.told[0] ? std::vector<QString>{e.told} : std::vector<QString>{});
+        EXPECT_EQ(f.frame->shownView(), e.view >= 0 ? e.view : view);
+        EXPECT_EQ(f.frame->settings().use24Hour, e.toggles24Hour ? 1 : 0);
+        EXPECT_EQ(f.pages.size(), e.opensPage ? 1u : 0u);
+        EXPECT_EQ(f.frame->isVisible(), !e.closes);
+    }
+    // Ids outside the table do nothing at all.
+    Frame f;
+    for (const int id : {0, 1, 32773, 32796, 40000})
         f.frame->onCommand(id);
-    EXPECT_EQ(f.told,
-              (std::vector<QString>{"City Details", "Weather", "Weather", "Curreny Conversion",
-                                    "Metric", "Stop Watch", "Update Data"}));
+    EXPECT_TRUE(f.dialogs.empty() && f.told.empty());
 }
 
 TEST(CMainFrame, KeysStepSlotsWithWrapAndChooseViewsInMenuOrder) {
@@ -119,20 +188,18 @@ TEST(CMainFrame, KeysStepSlotsWithWrapAndChooseViewsInMenuOrder) {
         EXPECT_EQ(f.frame->settings().selectedSlot, s.slot) << s.key;
         EXPECT_EQ(f.frame->shownView(), s.view) << s.key;
     }
-    f.frame->onCommand(32774);
-    EXPECT_EQ(f.frame->shownView(), 1);
 }
 
 TEST(CMainFrame, TwentyFourHourToggleTwiceSavesNothingButClosingSavesTheView) {
     Frame f;
     const auto file = f.paths.dataFile("settings.dat");
     for (const int expected : {1, 0}) {
-        f.frame->onCommand(32792);
+        f.frame->onCommand(cmd::UseTwentyFourHour);
         EXPECT_EQ(f.frame->settings().use24Hour, expected);
-        EXPECT_EQ(f.frame->action(32792)->isChecked(), expected == 1);
+        EXPECT_EQ(f.frame->action(cmd::UseTwentyFourHour)->isChecked(), expected == 1);
     }
     EXPECT_FALSE(std::filesystem::exists(file));
-    f.frame->onCommand(32776);
+    f.frame->onCommand(cmd::MultiClock);
     f.frame->close();
     Settings saved;
     ASSERT_TRUE(saved.Load(file));
@@ -143,12 +210,12 @@ TEST(CMainFrame, TwentyFourHourToggleTwiceSavesNothingButClosingSavesTheView) {
 TEST(CMainFrame, SelectCityDoneAssignsTheSelectedSlotAndSaves) {
     Frame f;
     f.key(Qt::Key_Down); // slot 1
-    f.frame->runDialog = [](QDialog& dialog) {
+    f.frame->services.runDialog = [](QDialog& dialog) {
         dialog.findChild<QLineEdit*>("search")->setText("Syd");
         dialog.findChild<QPushButton*>("done")->click();
         return dialog.result();
     };
-    f.frame->onCommand(32772);
+    f.frame->onCommand(cmd::SelectCity);
     EXPECT_EQ(f.frame->settings().slots[1].cityName, u"Sydney");
     EXPECT_EQ(f.frame->settings().slots[0].cityName, u"London");
     Settings saved;
@@ -157,12 +224,12 @@ TEST(CMainFrame, SelectCityDoneAssignsTheSelectedSlotAndSaves) {
     EXPECT_EQ(f.frame->fullClock()->localTime().hour, 22); // Sydney, winter: +10
 
     // Cancel leaves everything as it was.
-    f.frame->runDialog = [](QDialog& dialog) {
+    f.frame->services.runDialog = [](QDialog& dialog) {
         dialog.findChild<QLineEdit*>("search")->setText("Lon");
         dialog.reject();
         return dialog.result();
     };
-    f.frame->onCommand(32772);
+    f.frame->onCommand(cmd::SelectCity);
     EXPECT_EQ(f.frame->settings().slots[1].cityName, u"Sydney");
 }
 

@@ -81,7 +81,7 @@ class CmdRenderTest : public ::testing::Test {
         EXPECT_TRUE(found(parser.Load(paths.graphicsFile("test_480x640.xml"))));
         SkinRect rect;
         if (analogue) {
-            CAnalogueClock clock;
+            CAnalogueClock clock(ClockSource::fixedAt(SystemTime{}));
             EXPECT_TRUE(clock.engine().readScheme(parser, schemePrefix, rect));
             clock.resize(size);
             const QImage face = load(paths.graphicsFile("face.png"));

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "cities/CCitySelection.h"
+#include "controls/SoftKeyBar.h"
 #include "core/Text.h"
 #include "support/TempDir.h"
 #include "support/WorldFixture.h"
@@ -91,13 +92,14 @@ TEST_F(CCitySelectionTest, StartsAtTheSlotsCityOrTheNearestThingLeft) {
                           {nullptr, nullptr, "United Kingdom/London"},
                           {"Atlantis", "Poseidonia", "Australia/Melbourne"}};
     for (const Case& c : cases) {
-        CCitySelection dialog(catalog, 2, c.country ? slotAt(c.country, c.city) : ClockSlot{});
+        CCitySelection dialog(catalog, 2, c.country ? slotAt(c.country, c.city) : ClockSlot{},
+                              *deviceProfile(240, 320));
         EXPECT_EQ(picked(dialog), c.at);
     }
 }
 
 TEST_F(CCitySelectionTest, DoneReturnsTheCityPickedInTheLists) {
-    CCitySelection dialog(catalog, 2, slotAt("Canada", "Toronto"));
+    CCitySelection dialog(catalog, 2, slotAt("Canada", "Toronto"), *deviceProfile(240, 320));
     EXPECT_TRUE(dialog.isModal());
     EXPECT_NE(dialog.windowTitle().indexOf("Clock 3"), -1) << dialog.windowTitle().toStdString();
     EXPECT_EQ(child<QLabel>(dialog, "title")->text(), dialog.windowTitle());
@@ -117,7 +119,7 @@ TEST_F(CCitySelectionTest, DoneReturnsTheCityPickedInTheLists) {
 }
 
 TEST_F(CCitySelectionTest, TypedSearchPicksAHitAndEnterIsDone) {
-    CCitySelection dialog(catalog, 1, ClockSlot{});
+    CCitySelection dialog(catalog, 1, ClockSlot{}, *deviceProfile(240, 320));
     dialog.show();
     auto* search = child<QLineEdit>(dialog, "search");
     auto* hits = child<QListWidget>(dialog, "hits");
@@ -144,7 +146,7 @@ TEST_F(CCitySelectionTest, TypedSearchPicksAHitAndEnterIsDone) {
 
 TEST_F(CCitySelectionTest, CancelAndEscapeChooseNothing) {
     for (const bool byKey : {false, true}) {
-        CCitySelection dialog(catalog, 0, ClockSlot{});
+        CCitySelection dialog(catalog, 0, ClockSlot{}, *deviceProfile(240, 320));
         dialog.show();
         auto* search = child<QLineEdit>(dialog, "search");
         type(search, "syd");
@@ -152,7 +154,7 @@ TEST_F(CCitySelectionTest, CancelAndEscapeChooseNothing) {
             press(search, Qt::Key_Escape);
         } else {
             // The menu holds Cancel alone.
-            const QMenu* menu = child<QPushButton>(dialog, "menu")->menu();
+            const QMenu* menu = dialog.softKeys()->menu();
             ASSERT_EQ(menu ? menu->actions().size() : 0, 1);
             EXPECT_EQ(menu->actions().front()->text(), "Cancel");
             menu->actions().front()->trigger();
@@ -167,7 +169,7 @@ TEST_F(CCitySelectionTest, CoversItsParentWithTheSoftKeyBarAtTheBottom) {
     QWidget frame;
     frame.setGeometry(40, 30, 240, 320);
     frame.show();
-    CCitySelection dialog(catalog, 0, ClockSlot{}, &frame);
+    CCitySelection dialog(catalog, 0, ClockSlot{}, *deviceProfile(240, 320), &frame);
     dialog.show();
     EXPECT_EQ(dialog.geometry(), frame.geometry());
 

@@ -17,7 +17,7 @@ TEST(CAnalogueClockWidget, DrawsTheEngineHandsOverItsPartOfTheBackground) {
             face.setPixel(x, y, x < 150 ? qRgb(235, 230, 220) : qRgb(20, 30, 40));
     for (const QPoint offset : {QPoint(0, 0), QPoint(100, 50), QPoint(200, 100)}) {
         SCOPED_TRACE(offset.x());
-        CAnalogueClock clock;
+        CAnalogueClock clock(ClockSource::fixedAt(SystemTime{}));
         clock.resize(100, 100);
         clock.setBackground(face, offset);
         clock.engine().setHourColour(rgb(0, 0, 0));

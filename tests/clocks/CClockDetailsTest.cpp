@@ -1,7 +1,10 @@
 #include "clocks/CClockDetails.h"
 
+#include <QCoreApplication>
 #include <QImage>
+#include <QPaintEvent>
 #include <gtest/gtest.h>
+#include <memory>
 
 #include "clocks/CAnalogueClock.h"
 #include "clocks/CDigitalClock.h"
@@ -243,11 +246,82 @@ TEST_F(CClockDetailsTest, SizeAndFontFollowTheProfile) {
     writeFile(paths.graphicsFile("full_240x320.xml"), fullScheme);
     CClockDetails small(paths, clock, *deviceProfile(240, 320));
     EXPECT_TRUE(small.refreshTimer().isActive());
+    EXPECT_EQ(small.nextTickDelay(), 1000); // a fixed clock is looked at once a second
     small.applySkin("full");
     EXPECT_EQ(small.size(), QSize(240, 320));
     TextField odd;
     odd.fontSize = 7; // 7·96/72 = 9.33, truncated
     EXPECT_EQ(small.fieldFont(odd).pixelSize(), 9);
+}
+
+// The regions the view asks to repaint, as paint events deliver them.
+class PaintLog : public QObject {
+  public:
+    std::vector<QRect> rects;
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint)
+            rects.push_back(static_cast<QPaintEvent*>(event)->rect());
+        return false;
+    }
+};
+
+// A clock source the test moves by hand, in milliseconds since 1970.
+ClockSource movedBy(std::shared_ptr<std::int64_t> now) {
+    return ClockSource::driven(
+        [now] {
+            SystemTime t = systemTimeFromUnix(*now / 1000);
+            t.milliseconds = std::int32_t(*now % 1000);
+            return t;
+        },
+        [now] { return std::uint64_t(*now); });
+}
+
+TEST_F(CClockDetailsTest, TicksOnTheSecondShowEachSecondOnceWhileTheTimerWanders) {
+    // 22:30:15.700 UTC; timers fire up to 3 ms early and 40 ms late.
+    auto now = std::make_shared<std::int64_t>(
+        unixFromSystemTime(*parseIsoUtc("2024-04-23T22:30:15Z")) * 1000 + 700);
+    CClockDetails v(paths, movedBy(now), *deviceProfile(480, 640));
+    v.setRules(&rules);
+    v.applySkin("full");
+    EXPECT_EQ(v.nextTickDelay(), 304); // just past 22:30:16
+    const int lateness[] = {-3, 0, 40, 17, 1, 39, 25, -2, 33, 8};
+    std::vector<int> seconds;
+    for (int i = 0; i < 120; ++i) {
+        *now += v.nextTickDelay() + lateness[i % 10];
+        v.tick();
+        seconds.push_back(v.localTime().minute * 60 + v.localTime().second);
+    }
+    for (std::size_t i = 1; i < seconds.size(); ++i)
+        ASSERT_EQ(seconds[i], seconds[i - 1] + 1) << "tick " << i;
+}
+
+TEST_F(CClockDetailsTest, ARefreshRepaintsOnlyWhatChanged) {
+    auto now = std::make_shared<std::int64_t>(
+        unixFromSystemTime(*parseIsoUtc("2024-04-23T22:30:15Z")) * 1000);
+    CClockDetails v(paths, movedBy(now), *deviceProfile(480, 640));
+    v.setRules(&rules);
+    v.applySkin("full");
+    v.show();
+    QCoreApplication::processEvents();
+    PaintLog log;
+    for (QWidget* w : {static_cast<QWidget*>(&v), static_cast<QWidget*>(v.analogueClock()),
+                       static_cast<QWidget*>(v.digitalClock())})
+        w->installEventFilter(&log);
+
+    v.Refresh(); // the same second: nothing to draw
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(log.rects.empty());
+
+    // One second on: the digital clock's seconds change and the hands move;
+    // the fields and the rest of both clocks stay.
+    *now += 1000;
+    v.Refresh();
+    QCoreApplication::processEvents();
+    ASSERT_FALSE(log.rects.empty());
+    int area = 0;
+    for (const QRect& r : log.rects)
+        area += r.width() * r.height();
+    EXPECT_LT(area, 480 * 640 / 4);
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "app/PlaceholderView.h"
+#include "app/frame/PlaceholderView.h"
 
 namespace zonara {
 

@@ -1,21 +1,16 @@
 #pragma once
-// The main window: the three views, the soft-key bar and the frame's commands.
+// The main window: the views of the views table, the soft-key bar and the
+// menu built from the command table.
 
-#include <QPointer>
 #include <QStackedWidget>
 #include <QWidget>
-#include <filesystem>
-#include <functional>
+#include <vector>
 
+#include "app/frame/FrameContext.h"
 #include "cities/CityCatalog.h"
-#include "core/ClockSource.h"
-#include "core/DeviceProfile.h"
-#include "core/DstRule.h"
-#include "core/Paths.h"
-#include "core/Settings.h"
+#include "controls/ClockView.h"
 
 class QAction;
-class QDialog;
 class QMenu;
 
 namespace zonara {
@@ -39,13 +34,10 @@ class CMainFrame : public QWidget {
     const Settings& settings() const { return current; }
     QMenu* menu() const;
     QAction* action(int commandId) const;
-    CClockDetails* fullClock() const { return clockView; }
+    ClockView* view(int number) const { return views.at(std::size_t(number)); }
+    CClockDetails* fullClock() const;
 
-    // How the frame runs a modal dialog, tells the user something and opens a
-    // page; tests replace them.
-    std::function<int(QDialog&)> runDialog;
-    std::function<void(const QString& title, const QString& text)> tellUser;
-    std::function<bool(const std::filesystem::path&)> openPage;
+    FrameServices services;
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -53,15 +45,10 @@ class CMainFrame : public QWidget {
 
   private:
     void buildMenu();
-    void showView(int view);
+    void apply(const FrameResult& result);
+    void showView(int number);
     void refreshViews();
-    void selectCity();
-    void chooseSkin();
-    void toggle24Hour();
-    void showHelp();
-    void showAbout();
-    void notYet(const QString& feature);
-    void rebuildUnderBusyWindow();
+    void reloadWorld();
 
     Paths paths;
     ClockSource clock;
@@ -71,9 +58,10 @@ class CMainFrame : public QWidget {
     CityCatalog catalog; // countries loaded once, cities on first use
     int viewShown = 0;
     bool started = false;
+    bool skinPending = false; // a new skin waits for the full clock to show
 
-    QStackedWidget* views;
-    CClockDetails* clockView;
+    QStackedWidget* stack;
+    std::vector<ClockView*> views; // owned by the stack, in view-number order
     SoftKeyBar* bar;
 };
 
