@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <cstdlib>
-#include <ctime>
 #include <optional>
 #include <set>
 #include <string>
@@ -12,6 +10,7 @@
 #include "core/WorldFiles.h"
 #include "support/ShippedFiles.h"
 #include "support/TempDir.h"
+#include "support/TzClock.h"
 
 namespace zonara {
 namespace {
@@ -114,46 +113,6 @@ TEST(DstPeriod, KnowsOnlyTheRulesTheListHasAndTurnsZonesIntoUtc) {
     }
 }
 
-// tzdata's offset from UTC, in seconds, of a zone at an instant.
-class TzClock {
-  public:
-    explicit TzClock(const std::string& zone) {
-        setenv("TZ", (":" + zone).c_str(), 1);
-        tzset();
-    }
-    ~TzClock() {
-        unsetenv("TZ");
-        tzset();
-    }
-    TzClock(const TzClock&) = delete;
-    TzClock& operator=(const TzClock&) = delete;
-
-    long offset(std::time_t t) const {
-        std::tm local{};
-        localtime_r(&t, &local);
-        return local.tm_gmtoff;
-    }
-
-    // The first instant at or after `from` (and before `until`) whose offset
-    // differs from the one just before it by `change` seconds.
-    std::optional<std::time_t> nextChange(std::time_t from, std::time_t until, long change) const {
-        constexpr std::time_t step = 6 * 3600;
-        for (std::time_t t = from - 1; t < until; t += step) {
-            if (offset(t + step) - offset(t) != change) {
-                continue;
-            }
-            std::time_t lo = t;
-            std::time_t hi = t + step;
-            while (hi - lo > 1) {
-                const std::time_t mid = lo + (hi - lo) / 2;
-                (offset(mid) == offset(lo) ? lo : hi) = mid;
-            }
-            return hi;
-        }
-        return std::nullopt;
-    }
-};
-
 City findCity(const CountryList& countries, const char* country, const char* name) {
     const Country* found = findCountryByName(countries, country);
     if (found == nullptr) {
@@ -230,7 +189,7 @@ TEST(DstPeriod, EveryShippedRuleChangesTheClocksWhenTzdataDoes) {
         const auto period = dstPeriod(rules, city.dstRuleIndex, row.year);
         ASSERT_TRUE(period);
 
-        const TzClock tz(row.zone);
+        const test::TzClock tz(row.zone);
         const std::time_t yearStart = std::time_t(unixFromSystemTime(SystemTime{row.year, 1}));
         const std::time_t limit = yearStart + 2 * 366 * 86400;
         const auto forward = tz.nextChange(yearStart, limit, 3600);
