@@ -1,6 +1,5 @@
 #pragma once
-// What the airport dialog shows and does, without its widgets: the list, the
-// combo box's lines and selection, the two edit boxes, the hint line, the focus.
+// The airport dialog without its widgets: its list, combo box, edit boxes, hint line and focus.
 
 #include <cstddef>
 #include <cstdint>

@@ -14,45 +14,21 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-enum class Op { Type, Select, Add, Delete, Done, Cancel };
-
-struct Step {
-    Op op;
-    std::u16string description = {};
-    std::u16string code = {};
-    std::size_t line = 0;
-};
-
-Step type(std::u16string description, std::u16string code) {
-    return {Op::Type, std::move(description), std::move(code)};
-}
-Step select(std::size_t line) {
-    return {Op::Select, {}, {}, line};
-}
-const Step add{Op::Add};
-const Step erase{Op::Delete};
-const Step done{Op::Done};
-const Step cancel{Op::Cancel};
-
 std::string fileFor(const std::vector<AirportEntry>& entries) {
-    std::string bytes;
     // Built by hand so the file keeps the order given, sorted or not.
     const auto le32 = [](std::size_t n) {
         return std::string{char(n & 0xFF), char(n >> 8 & 0xFF), 0, 0};
     };
-    const auto field = [&](std::u16string_view text) {
-        std::string out = le32(text.size());
-        for (const char16_t u : text) {
-            out += char(u & 0xFF);
-            out += char(u >> 8);
-        }
-        out.append(2, '\0');
-        return out;
-    };
-    bytes = le32(entries.size());
+    std::string bytes = le32(entries.size());
     for (const AirportEntry& e : entries) {
-        bytes += field(e.description);
-        bytes += field(e.code);
+        for (const std::u16string& text : {e.description, e.code}) {
+            bytes += le32(text.size());
+            for (const char16_t u : text) {
+                bytes += char(u & 0xFF);
+                bytes += char(u >> 8);
+            }
+            bytes.append(2, '\0');
+        }
     }
     return bytes;
 }
@@ -65,247 +41,122 @@ Lines linesOf(const std::vector<std::u16string>& lines) {
     return out;
 }
 
-Lines fileLines(const std::filesystem::path& file) {
+std::string join(const Lines& lines) {
+    std::string out;
+    for (const auto& line : lines) {
+        out += out.empty() ? "" : ", ";
+        out += line;
+    }
+    return out;
+}
+
+// What the dialog shows, one line: the combo lines with the selected one
+// starred, the two boxes, the focus and any hint but the standing one.
+std::string shown(const AirportDialogState& dialog) {
+    Lines lines = linesOf(dialog.comboLines());
+    if (dialog.selection()) {
+        std::string starred = "*";
+        starred += lines[*dialog.selection()];
+        lines[*dialog.selection()] = std::move(starred);
+    }
+    static constexpr const char* focus[] = {"combo", "description", "code"};
+    std::string out = "[";
+    out += join(lines);
+    out += "] ";
+    out += toUtf8(dialog.description());
+    out += '/';
+    out += toUtf8(dialog.code());
+    out += ' ';
+    out += focus[int(dialog.focus())];
+    if (dialog.hint() != airportStandingHint) {
+        out += " \"";
+        out += toUtf8(dialog.hint());
+        out += '"';
+    }
+    return out;
+}
+
+std::string savedLines(const std::filesystem::path& file) {
     AirportList list;
     list.load(file);
     Lines out;
     for (const AirportEntry& e : list.entries()) {
         out.push_back(toUtf8(comboLine(e)));
     }
-    return out;
+    return join(out);
 }
 
-const std::vector<AirportEntry> three = {
-    {u"Gatwick", u"EGKK"}, {u"Heathrow", u"EGLL"}, {u"City", u"EGLC"}};
-
-// Each row opens the dialog on a file, takes the user's steps and checks what
-// the dialog then shows, how it ended and what the file holds.
+// The user's steps, one character each, with the boxes' texts filled in from
+// the row: 'd' types the next description and code pair, '0'..'9' select a
+// line, 'a' Add, 'x' Delete, 'D' Done, 'C' Cancel.
 TEST(AirportDialog, FollowsTheUsersStepsToTheEnd) {
+    const std::vector<AirportEntry> three = {
+        {u"Gatwick", u"EGKK"}, {u"Heathrow", u"EGLL"}, {u"City", u"EGLC"}};
+    const std::string gatwickHeathrowCity = "Gatwick (EGKK), Heathrow (EGLL), City (EGLC)";
     struct Row {
-        const char* what;
         std::vector<AirportEntry> file;
-        std::vector<Step> steps;
-        Lines lines;
-        std::optional<std::size_t> selection;
-        std::string description;
-        std::string code;
-        std::string hint;
-        AirportFocus focus;
-        std::optional<std::int32_t> result; // when the steps end the dialog
-        Lines saved;                        // the file afterwards
+        const char* steps;
+        std::vector<AirportEntry> typed;
+        const char* shows;
+        std::int32_t result; // 0: the steps do not end the dialog
+        std::string saved;   // the file afterwards
     };
-    const std::string standing = toUtf8(airportStandingHint);
-    const Lines threeLines = {"Gatwick (EGKK)", "Heathrow (EGLL)", "City (EGLC)"};
+    // clang-format off
     const Row rows[] = {
-        {"code with a trailing blank is stored upper case",
-         {},
-         {type(u"b", u"eglc "), add, done},
-         {"b (EGLC)"},
-         0,
-         "b",
-         "EGLC",
-         standing,
-         AirportFocus::Combo,
-         airportDoneCommand,
-         {"b (EGLC)"}},
-        {"unsorted file: before the first greater description",
-         three,
-         {type(u"Biggin Hill", u"EGKB"), add, cancel},
-         {"Biggin Hill (EGKB)", "Gatwick (EGKK)", "Heathrow (EGLL)", "City (EGLC)"},
-         0,
-         "Biggin Hill",
-         "EGKB",
-         standing,
-         AirportFocus::Combo,
-         airportCancelCommand,
-         {"Biggin Hill (EGKB)", "Gatwick (EGKK)", "Heathrow (EGLL)", "City (EGLC)"}},
-        {"unsorted file: past the smaller ones",
-         three,
-         {type(u"Guernsey", u"EGJB"), add},
-         {"Gatwick (EGKK)", "Guernsey (EGJB)", "Heathrow (EGLL)", "City (EGLC)"},
-         1,
-         "Guernsey",
-         "EGJB",
-         standing,
-         AirportFocus::Combo,
-         std::nullopt,
-         threeLines},
-        {"unsorted file: a smaller one after the greater ones does not count",
-         three,
-         {type(u"Luton", u"EGGW"), add},
-         {"Gatwick (EGKK)", "Heathrow (EGLL)", "City (EGLC)", "Luton (EGGW)"},
-         3,
-         "Luton",
-         "EGGW",
-         standing,
-         AirportFocus::Combo,
-         std::nullopt,
-         threeLines},
-        {"deleting the first of three leaves nothing selected",
-         three,
-         {erase, done},
-         {"Heathrow (EGLL)", "City (EGLC)"},
-         std::nullopt,
-         "",
-         "",
-         standing,
-         AirportFocus::Combo,
-         airportCancelCommand,
-         {"Heathrow (EGLL)", "City (EGLC)"}},
-        {"done with a 3-letter code ends as cancel but saves",
-         three,
-         {erase, type(u"Stansted", u"EGS"), done},
-         {"Heathrow (EGLL)", "City (EGLC)"},
-         std::nullopt,
-         "Stansted",
-         "EGS",
-         standing,
-         AirportFocus::Combo,
-         airportCancelCommand,
-         {"Heathrow (EGLL)", "City (EGLC)"}},
-        {"deleting a later line shows the one before",
-         three,
-         {select(2), erase},
-         {"Gatwick (EGKK)", "Heathrow (EGLL)"},
-         1,
-         "Heathrow",
-         "EGLL",
-         standing,
-         AirportFocus::Combo,
-         std::nullopt,
-         threeLines},
-        {"delete with nothing selected does nothing",
-         three,
-         {erase, erase, cancel},
-         {"Heathrow (EGLL)", "City (EGLC)"},
-         std::nullopt,
-         "",
-         "",
-         standing,
-         AirportFocus::Combo,
-         airportCancelCommand,
-         {"Heathrow (EGLL)", "City (EGLC)"}},
-        {"the last line deleted",
-         {{u"City", u"EGLC"}},
-         {erase, done},
-         {},
-         std::nullopt,
-         "",
-         "",
-         standing,
-         AirportFocus::Combo,
-         airportCancelCommand,
-         {}},
-        {"no description",
-         three,
-         {type(u"", u"EGSS"), add},
-         threeLines,
-         0,
-         "",
-         "EGSS",
-         "Please enter a description.",
-         AirportFocus::Description,
-         std::nullopt,
-         threeLines},
-        {"a bad code, then a good one restores the hint",
-         {},
-         {type(u"Stansted", u"EGS"), add, type(u"Stansted", u"egss"), add},
-         {"Stansted (EGSS)"},
-         0,
-         "Stansted",
-         "EGSS",
-         standing,
-         AirportFocus::Combo,
-         std::nullopt,
-         {}},
-        {"a bad code keeps the list; done takes the boxes as they stand",
-         three,
-         {select(1), type(u"Stansted", u" eg "), add, done},
-         threeLines,
-         1,
-         "Stansted",
-         " eg ",
-         "Please enter a 4 letter ICAO code.",
-         AirportFocus::Code,
-         airportDoneCommand,
-         threeLines},
-        {"duplicates are accepted",
-         three,
-         {select(0), add, add, done},
-         {"Gatwick (EGKK)", "Gatwick (EGKK)", "Gatwick (EGKK)", "Heathrow (EGLL)", "City (EGLC)"},
-         2,
-         "Gatwick",
-         "EGKK",
-         standing,
-         AirportFocus::Combo,
-         airportDoneCommand,
-         {"Gatwick (EGKK)", "Gatwick (EGKK)", "Gatwick (EGKK)", "Heathrow (EGLL)", "City (EGLC)"}},
-        {"selecting shows a line; a line past the end is ignored",
-         three,
-         {select(1), select(7), done},
-         threeLines,
-         1,
-         "Heathrow",
-         "EGLL",
-         standing,
-         AirportFocus::Combo,
-         airportDoneCommand,
-         threeLines},
-        {"done with a typed entry that is not in the list",
-         three,
-         {type(u"Farnborough", u"EGLF"), done},
-         threeLines,
-         0,
-         "Farnborough",
-         "EGLF",
-         standing,
-         AirportFocus::Combo,
-         airportDoneCommand,
-         threeLines},
+        // A trailing blank is trimmed away and the code stored upper case.
+        {{}, "daD", {{u"b", u"eglc "}}, "[*b (EGLC)] b/EGLC combo", airportDoneCommand, "b (EGLC)"},
+        // Unsorted: before the first greater description, wherever it is.
+        {three, "daC", {{u"Biggin Hill", u"EGKB"}}, "[*Biggin Hill (EGKB), Gatwick (EGKK), Heathrow (EGLL), City (EGLC)] Biggin Hill/EGKB combo", airportCancelCommand, "Biggin Hill (EGKB), " + gatwickHeathrowCity},
+        {three, "da", {{u"Guernsey", u"EGJB"}}, "[Gatwick (EGKK), *Guernsey (EGJB), Heathrow (EGLL), City (EGLC)] Guernsey/EGJB combo", 0, gatwickHeathrowCity},
+        {three, "da", {{u"Luton", u"EGGW"}}, "[Gatwick (EGKK), Heathrow (EGLL), City (EGLC), *Luton (EGGW)] Luton/EGGW combo", 0, gatwickHeathrowCity},
+        // Deleting the first line leaves nothing selected and empty boxes.
+        {three, "xD", {}, "[Heathrow (EGLL), City (EGLC)] / combo", airportCancelCommand, "Heathrow (EGLL), City (EGLC)"},
+        {three, "xxC", {}, "[Heathrow (EGLL), City (EGLC)] / combo", airportCancelCommand, "Heathrow (EGLL), City (EGLC)"},
+        {three, "2x", {}, "[Gatwick (EGKK), *Heathrow (EGLL)] Heathrow/EGLL combo", 0, gatwickHeathrowCity},
+        {{{u"City", u"EGLC"}}, "xD", {}, "[] / combo", airportCancelCommand, ""},
+        // Done with a 3-letter code ends as Cancel does, and still saves.
+        {three, "xdD", {{u"Stansted", u"EGS"}}, "[Heathrow (EGLL), City (EGLC)] Stansted/EGS combo", airportCancelCommand, "Heathrow (EGLL), City (EGLC)"},
+        // Done takes the boxes as they stand, whether listed or not.
+        {three, "1dadD", {{u"Stansted", u" eg "}, {u"Farnborough", u"EGLF"}}, "[Gatwick (EGKK), *Heathrow (EGLL), City (EGLC)] Farnborough/EGLF code \"Please enter a 4 letter ICAO code.\"", airportDoneCommand, gatwickHeathrowCity},
+        {three, "da", {{u"", u"EGSS"}}, "[*Gatwick (EGKK), Heathrow (EGLL), City (EGLC)] /EGSS description \"Please enter a description.\"", 0, gatwickHeathrowCity},
+        // A good Add after a bad one brings the standing hint back.
+        {{}, "dada", {{u"Stansted", u"EGS"}, {u"Stansted", u"egss"}}, "[*Stansted (EGSS)] Stansted/EGSS combo", 0, ""},
+        {three, "0aaD", {}, "[Gatwick (EGKK), Gatwick (EGKK), *Gatwick (EGKK), Heathrow (EGLL), City (EGLC)] Gatwick/EGKK combo", airportDoneCommand, "Gatwick (EGKK), Gatwick (EGKK), " + gatwickHeathrowCity},
+        // A line past the end is not selected.
+        {three, "17C", {}, "[Gatwick (EGKK), *Heathrow (EGLL), City (EGLC)] Heathrow/EGLL combo", airportCancelCommand, gatwickHeathrowCity},
     };
+    // clang-format on
     for (const Row& row : rows) {
-        SCOPED_TRACE(row.what);
+        SCOPED_TRACE(row.steps);
         test::TempDir dir;
         const auto file = dir.path() / "airport.dat";
         test::writeFile(file, fileFor(row.file));
         AirportDialogState dialog(file);
         std::optional<AirportDialogEnd> ending;
-        for (const Step& step : row.steps) {
-            switch (step.op) {
-            case Op::Type:
-                dialog.setDescription(step.description);
-                dialog.setCode(step.code);
-                break;
-            case Op::Select:
-                dialog.select(step.line);
-                break;
-            case Op::Add:
+        auto typed = row.typed.begin();
+        for (const char* step = row.steps; *step != 0; ++step) {
+            if (*step == 'd') {
+                dialog.setDescription(typed->description);
+                dialog.setCode(typed->code);
+                ++typed;
+            } else if (*step >= '0' && *step <= '9') {
+                dialog.select(std::size_t(*step - '0'));
+            } else if (*step == 'a') {
                 dialog.add();
-                break;
-            case Op::Delete:
+            } else if (*step == 'x') {
                 dialog.remove();
-                break;
-            case Op::Done:
-                ending = dialog.done();
-                break;
-            case Op::Cancel:
-                ending = dialog.cancel();
-                break;
+            } else {
+                ending = *step == 'D' ? dialog.done() : dialog.cancel();
             }
         }
-        EXPECT_EQ(linesOf(dialog.comboLines()), row.lines);
-        EXPECT_EQ(dialog.selection(), row.selection);
-        EXPECT_EQ(toUtf8(dialog.description()), row.description);
-        EXPECT_EQ(toUtf8(dialog.code()), row.code);
-        EXPECT_EQ(toUtf8(dialog.hint()), row.hint);
-        EXPECT_EQ(dialog.focus(), row.focus);
-        EXPECT_EQ(ending ? std::optional(ending->result) : std::nullopt, row.result);
+        EXPECT_EQ(shown(dialog), row.shows);
+        EXPECT_EQ(ending ? ending->result : 0, row.result);
         if (ending) {
-            EXPECT_EQ(toUtf8(ending->description), row.description);
-            EXPECT_EQ(toUtf8(ending->code), row.code);
+            EXPECT_EQ(ending->description, dialog.description());
+            EXPECT_EQ(ending->code, dialog.code());
             EXPECT_EQ(ending->saved, dialog.modified());
         }
-        EXPECT_EQ(fileLines(file), row.saved);
+        EXPECT_EQ(savedLines(file), row.saved);
     }
 }
 

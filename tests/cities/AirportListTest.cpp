@@ -71,16 +71,14 @@ TEST(AirportFile, WritesTheExactBytesAndReadsThemBack) {
         Entries entries;
         std::string bytes;
     };
+    // clang-format off
     const Row rows[] = {
         {"no entries", {}, std::string(4, '\0')},
         {"literal", {{u"Z\u00FCrich", u""}, {u"b", u"EGLC"}}, literal},
-        {"surrogate pair kept as two units",
-         {{u"Tokyo \U0001F5FC", u"RJTT"}},
-         le32(1) + field(u"Tokyo \U0001F5FC") + field(u"RJTT")},
-        {"longest text",
-         {{std::u16string(255, u'x'), u"KJFK"}},
-         le32(1) + field(std::u16string(255, u'x')) + field(u"KJFK")},
+        {"surrogate pair kept as two units", {{u"Tokyo \U0001F5FC", u"RJTT"}}, le32(1) + field(u"Tokyo \U0001F5FC") + field(u"RJTT")},
+        {"longest text", {{std::u16string(255, u'x'), u"KJFK"}}, le32(1) + field(std::u16string(255, u'x')) + field(u"KJFK")},
     };
+    // clang-format on
     test::TempDir dir;
     const auto file = dir.path() / "airport.dat";
     for (const Row& row : rows) {
@@ -121,57 +119,39 @@ TEST(AirportFile, MissingIsCreatedEmptyAndUnwritableStaysUnread) {
 TEST(AirportFile, DamagedFilesKeepTheirWholeLeadingEntries) {
     const std::string london = field(u"London City") + field(u"EGLC");
     const std::string zurich = field(u"Z\u00FCrich") + field(u"LSZH");
-    const Entries justLondon = {{u"London City", u"EGLC"}};
+    const std::string x256 = units(std::u16string(256, u'x')) + std::string(2, '\0');
+    const std::string lo = "[London City|EGLC]";
+    constexpr auto whole = AirportFileState::Whole;
+    constexpr auto damaged = AirportFileState::Damaged;
     struct Row {
         const char* what;
         std::string bytes;
-        Entries expected;
+        std::string expected;
         AirportFileState state;
     };
+    // clang-format off
     const Row rows[] = {
-        {"empty file", "", {}, AirportFileState::Whole},
-        {"count cut short", std::string("\x01\x00", 2), {}, AirportFileState::Damaged},
-        {"count 0", le32(0), {}, AirportFileState::Whole},
-        {"count 0 with entries after it", le32(0) + london, {}, AirportFileState::Damaged},
-        {"negative count", le32(-1) + london, {}, AirportFileState::Damaged},
-        {"huge count", le32(0x7FFFFFFF) + london, justLondon, AirportFileState::Damaged},
-        {"count beyond the entries",
-         le32(3) + london + zurich,
-         {justLondon[0], {u"Z\u00FCrich", u"LSZH"}},
-         AirportFileState::Damaged},
-        {"count below the entries", le32(1) + london + zurich, justLondon,
-         AirportFileState::Damaged},
-        {"second description cut in its text", le32(2) + london + zurich.substr(0, 9), justLondon,
-         AirportFileState::Damaged},
-        {"code missing", le32(2) + london + field(u"Z\u00FCrich"), justLondon,
-         AirportFileState::Damaged},
-        {"length cut short", le32(2) + london + std::string("\x05\x00", 2), justLondon,
-         AirportFileState::Damaged},
-        {"length beyond 255",
-         le32(1) + le32(256) + units(std::u16string(256, u'x')) + std::string(2, '\0') +
-             field(u"KJFK"),
-         {},
-         AirportFileState::Damaged},
-        {"negative length", le32(1) + le32(-2) + london, {}, AirportFileState::Damaged},
-        {"length far past the end", le32(2) + london + le32(200) + units(u"abc"), justLondon,
-         AirportFileState::Damaged},
-        {"no 0 unit after the text", le32(2) + london + le32(2) + units(u"abc") + field(u"ABCD"),
-         justLondon, AirportFileState::Damaged},
-        {"odd byte at the end", le32(1) + london + "\x07", justLondon, AirportFileState::Damaged},
-        {"odd byte count inside a code",
-         le32(1) + field(u"London City") + le32(4) + "E\0G",
-         {},
-         AirportFileState::Damaged},
-        {"0 unit inside a description ends its text",
-         le32(1) + le32(5) + units(std::u16string(u"ab\0cd", 5)) + std::string(2, '\0') +
-             field(u"EGLC"),
-         {{u"ab", u"EGLC"}},
-         AirportFileState::Damaged},
-        {"codes of any length are kept",
-         le32(2) + field(u"Heathrow") + field(u"LHR") + london,
-         {{u"Heathrow", u"LHR"}, justLondon[0]},
-         AirportFileState::Whole},
+        {"empty file", "", "", whole},
+        {"count cut short", std::string("\x01\x00", 2), "", damaged},
+        {"count 0", le32(0), "", whole},
+        {"count 0 with entries after it", le32(0) + london, "", damaged},
+        {"negative count", le32(-1) + london, "", damaged},
+        {"huge count", le32(0x7FFFFFFF) + london, lo, damaged},
+        {"count beyond the entries", le32(3) + london + zurich, lo + "[Z\u00FCrich|LSZH]", damaged},
+        {"count below the entries", le32(1) + london + zurich, lo, damaged},
+        {"second description cut in its text", le32(2) + london + zurich.substr(0, 9), lo, damaged},
+        {"code missing", le32(2) + london + field(u"Z\u00FCrich"), lo, damaged},
+        {"length cut short", le32(2) + london + std::string("\x05\x00", 2), lo, damaged},
+        {"length beyond 255", le32(1) + le32(256) + x256 + field(u"KJFK"), "", damaged},
+        {"negative length", le32(1) + le32(-2) + london, "", damaged},
+        {"length far past the end", le32(2) + london + le32(200) + units(u"abc"), lo, damaged},
+        {"no 0 unit after the text", le32(2) + london + le32(2) + units(u"abc") + field(u"ABCD"), lo, damaged},
+        {"odd byte at the end", le32(1) + london + "\x07", lo, damaged},
+        {"odd byte count inside a code", le32(1) + field(u"London City") + le32(4) + "E\0G", "", damaged},
+        {"0 unit inside a text ends it", le32(1) + le32(5) + units(std::u16string(u"ab\0cd", 5)) + std::string(2, '\0') + field(u"EGLC"), "[ab|EGLC]", damaged},
+        {"codes of any length are kept", le32(2) + field(u"Heathrow") + field(u"LHR") + london, "[Heathrow|LHR]" + lo, whole},
     };
+    // clang-format on
     test::TempDir dir;
     const auto file = dir.path() / "airport.dat";
     for (const Row& row : rows) {
@@ -179,12 +159,12 @@ TEST(AirportFile, DamagedFilesKeepTheirWholeLeadingEntries) {
         test::writeFile(file, row.bytes);
         AirportList list;
         EXPECT_EQ(list.load(file), row.state);
-        EXPECT_EQ(describe(list.entries()), describe(row.expected));
+        EXPECT_EQ(describe(list.entries()), row.expected);
 
         ASSERT_TRUE(list.save(file));
         AirportList again;
         EXPECT_EQ(again.load(file), AirportFileState::Whole);
-        EXPECT_EQ(again.entries(), row.expected);
+        EXPECT_EQ(again.entries(), list.entries());
     }
 }
 
@@ -229,6 +209,7 @@ TEST(NewAirport, ChecksTheDescriptionThenTheTrimmedUpperCaseCode) {
         AirportProblem problem;
         std::u16string storedCode;
     };
+    // clang-format off
     const Row rows[] = {
         {u"b", u"eglc ", AirportProblem::None, u"EGLC"},
         {u"b", u"\t eGlC\u00A0\u3000", AirportProblem::None, u"EGLC"},
@@ -243,6 +224,7 @@ TEST(NewAirport, ChecksTheDescriptionThenTheTrimmedUpperCaseCode) {
         {std::u16string(255, u'd'), u"EGLC", AirportProblem::None, u"EGLC"},
         {std::u16string(256, u'd'), u"EGLC", AirportProblem::DescriptionTooLong, u"EGLC"},
     };
+    // clang-format on
     for (const Row& row : rows) {
         SCOPED_TRACE(toUtf8(row.description) + "/" + toUtf8(row.code));
         const NewAirport airport = checkNewAirport(row.description, row.code);
