@@ -18,7 +18,7 @@ struct CurrencyEntry {
 };
 
 struct CurrencyList {
-    std::u16string lastUpdate; // shown to the user as it stands
+    std::u16string lastUpdate;          // shown to the user as it stands
     std::vector<CurrencyEntry> entries; // ascending by name
 
     friend bool operator==(const CurrencyList&, const CurrencyList&) = default;

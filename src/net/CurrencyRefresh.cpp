@@ -33,8 +33,8 @@ class Refresh {
         }
 
         show(CurrencyStatus::DownloadCurrencyCode);
-        const bool codesFetched = fetch(setup.sources.codesUrl, setup.sources.codesFallbackUrl(),
-                                        codesCopy);
+        const bool codesFetched =
+            fetch(setup.sources.codesUrl, setup.sources.codesFallbackUrl(), codesCopy);
         if (stop.stop_requested()) {
             return cancelled();
         }
@@ -43,8 +43,8 @@ class Refresh {
         }
 
         show(CurrencyStatus::DownloadRates);
-        const bool ratesFetched = fetch(setup.sources.ratesUrl, setup.sources.ratesFallbackUrl(),
-                                        ratesCopy);
+        const bool ratesFetched =
+            fetch(setup.sources.ratesUrl, setup.sources.ratesFallbackUrl(), ratesCopy);
         if (stop.stop_requested()) {
             return cancelled();
         }
@@ -131,10 +131,9 @@ class Refresh {
             return false;
         }
         entries.push_back({u"Euro", u"EUR", euroRateMarker});
-        std::stable_sort(entries.begin(), entries.end(),
-                         [](const CurrencyEntry& a, const CurrencyEntry& b) {
-                             return a.name < b.name;
-                         });
+        std::stable_sort(
+            entries.begin(), entries.end(),
+            [](const CurrencyEntry& a, const CurrencyEntry& b) { return a.name < b.name; });
         return true;
     }
 

@@ -46,7 +46,7 @@ enum class CurrencyRefreshResult {
 
 struct CurrencyRefreshOutcome {
     CurrencyRefreshResult result = CurrencyRefreshResult::Cancelled;
-    CurrencyList list; // the new list when Updated, else empty
+    CurrencyList list;  // the new list when Updated, else empty
     bool saved = false; // Updated and Data/currency.dat written
 };
 

@@ -98,8 +98,8 @@ TEST(CurrencyConverterTest, PairIsRestoredAndKeptByItemText) {
     second.open();
     EXPECT_EQ(second.fromIndex(), 5);
     EXPECT_EQ(second.toIndex(), 3);
-    CurrencyList fewer = {u"3/15/2025 9:00 AM", {rates.entries[2], rates.entries[3],
-                                                 rates.entries[5]}};
+    CurrencyList fewer = {u"3/15/2025 9:00 AM",
+                          {rates.entries[2], rates.entries[3], rates.entries[5]}};
     second.applyRefresh(fewer);
     EXPECT_EQ(second.fromIndex(), 2);
     EXPECT_EQ(second.toIndex(), 1);

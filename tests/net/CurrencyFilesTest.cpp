@@ -48,8 +48,8 @@ const CurrencyList sampleList = {
 
 std::string sampleBytes() {
     return str(u"3/14/2025 9:05 AM") + u32(3) + str(u"Euro") + str(u"EUR") +
-           std::string("\x00\x00\x80\xBF", 4) + str(u"Pa\u2019anga") + str(u"TOP") +
-           f32(2.5461f) + str(u"US Dollar") + str(u"USD") + f32(1.0844f);
+           std::string("\x00\x00\x80\xBF", 4) + str(u"Pa\u2019anga") + str(u"TOP") + f32(2.5461f) +
+           str(u"US Dollar") + str(u"USD") + f32(1.0844f);
 }
 
 TEST(CurrencyFilesTest, ListIsWrittenAndReadByteForByte) {
@@ -97,15 +97,19 @@ TEST(CurrencyFilesTest, DamagedListsLoadWhatIsWhole) {
         {"last-update text without its terminator", header.substr(0, header.size() - 2), {}},
         {"no count", header, {u"3/14/2025 9:05 AM", {}}},
         {"count cut", header + std::string("\x03\x00", 2), {u"3/14/2025 9:05 AM", {}}},
-        {"last entry's code cut", whole.substr(0, whole.size() - 14),
+        {"last entry's code cut",
+         whole.substr(0, whole.size() - 14),
          {u"3/14/2025 9:05 AM", {euro, sampleList.entries[1]}}},
-        {"more entries counted than held", header + u32(5) + firstEntry,
+        {"more entries counted than held",
+         header + u32(5) + firstEntry,
          {u"3/14/2025 9:05 AM", {euro}}},
         {"negative count", header + u32(0xFFFFFFFF) + firstEntry, {u"3/14/2025 9:05 AM", {}}},
-        {"string count beyond the file", header + u32(1) + u32(0xFFFFFFFF) + "ab",
+        {"string count beyond the file",
+         header + u32(1) + u32(0xFFFFFFFF) + "ab",
          {u"3/14/2025 9:05 AM", {}}},
         {"text ends at its first zero unit",
-         str(std::u16string(u"ab\0cd", 5)) + u32(1) + firstEntry, {u"ab", {euro}}},
+         str(std::u16string(u"ab\0cd", 5)) + u32(1) + firstEntry,
+         {u"ab", {euro}}},
         {"count above the buffer: text cut, reading goes on past it",
          str(std::u16string(260, u'y')) + u32(1) + firstEntry,
          {std::u16string(255, u'y'), {euro}}},

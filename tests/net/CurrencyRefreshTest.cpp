@@ -1,7 +1,11 @@
 #include "net/CurrencyRefresh.h"
+#include "net/CurrencyRefreshWorker.h"
 
+#include <condition_variable>
 #include <filesystem>
+#include <future>
 #include <map>
+#include <mutex>
 #include <set>
 #include <stop_token>
 #include <string>
@@ -162,32 +166,96 @@ TEST(CurrencyRefreshTest, EachDocumentComesFromItsFirstSourceElseTheUpdateHost) 
         bool copiesKept;
     };
     const Case cases[] = {
-        {"both first sources up", {}, "", "update.test", true, CurrencyRefreshResult::Updated,
-         {c1, r1}, {dial, codes, rates, rebuild, done}, false},
-        {"code list's publisher down", {c1}, "", "update.test", true,
-         CurrencyRefreshResult::Updated, {c1, c2, r1}, {dial, codes, rates, rebuild, done},
+        {"both first sources up",
+         {},
+         "",
+         "update.test",
+         true,
+         CurrencyRefreshResult::Updated,
+         {c1, r1},
+         {dial, codes, rates, rebuild, done},
          false},
-        {"central bank down", {r1}, "", "update.test", true, CurrencyRefreshResult::Updated,
-         {c1, r1, r2}, {dial, codes, rates, rebuild, done}, false},
-        {"code list nowhere", {c1, c2}, "", "update.test", true,
-         CurrencyRefreshResult::DownloadFailed, {c1, c2}, {dial, codes, "Download Failed"}, true},
-        {"rates nowhere", {r1, r2}, "", "update.test", true,
-         CurrencyRefreshResult::DownloadFailed, {c1, r1, r2},
-         {dial, codes, rates, "Download Failed"}, true},
-        {"no update host: no second source", {c1}, "", "", true,
-         CurrencyRefreshResult::DownloadFailed, {c1}, {dial, codes, "Download Failed"}, true},
-        {"rates that do not parse", {}, "<gesmes:Envelope><Cube>", "update.test", true,
-         CurrencyRefreshResult::LoadDataFailed, {c1, r1},
-         {dial, codes, rates, rebuild, "Load Data Failed"}, true},
-        {"rates without a currency", {}, ratesDocument(""), "update.test", true,
-         CurrencyRefreshResult::LoadDataFailed, {c1, r1},
-         {dial, codes, rates, rebuild, "Load Data Failed"}, true},
-        {"no rate is a number", {},
+        {"code list's publisher down",
+         {c1},
+         "",
+         "update.test",
+         true,
+         CurrencyRefreshResult::Updated,
+         {c1, c2, r1},
+         {dial, codes, rates, rebuild, done},
+         false},
+        {"central bank down",
+         {r1},
+         "",
+         "update.test",
+         true,
+         CurrencyRefreshResult::Updated,
+         {c1, r1, r2},
+         {dial, codes, rates, rebuild, done},
+         false},
+        {"code list nowhere",
+         {c1, c2},
+         "",
+         "update.test",
+         true,
+         CurrencyRefreshResult::DownloadFailed,
+         {c1, c2},
+         {dial, codes, "Download Failed"},
+         true},
+        {"rates nowhere",
+         {r1, r2},
+         "",
+         "update.test",
+         true,
+         CurrencyRefreshResult::DownloadFailed,
+         {c1, r1, r2},
+         {dial, codes, rates, "Download Failed"},
+         true},
+        {"no update host: no second source",
+         {c1},
+         "",
+         "",
+         true,
+         CurrencyRefreshResult::DownloadFailed,
+         {c1},
+         {dial, codes, "Download Failed"},
+         true},
+        {"rates that do not parse",
+         {},
+         "<gesmes:Envelope><Cube>",
+         "update.test",
+         true,
+         CurrencyRefreshResult::LoadDataFailed,
+         {c1, r1},
+         {dial, codes, rates, rebuild, "Load Data Failed"},
+         true},
+        {"rates without a currency",
+         {},
+         ratesDocument(""),
+         "update.test",
+         true,
+         CurrencyRefreshResult::LoadDataFailed,
+         {c1, r1},
+         {dial, codes, rates, rebuild, "Load Data Failed"},
+         true},
+        {"no rate is a number",
+         {},
          ratesDocument("<Cube currency='USD' rate='-'/><Cube currency='JPY' rate=''/>"),
-         "update.test", true, CurrencyRefreshResult::LoadDataFailed, {c1, r1},
-         {dial, codes, rates, rebuild, "Load Data Failed"}, true},
-        {"no connection", {}, "", "update.test", false, CurrencyRefreshResult::UnableToConnect,
-         {}, {dial, "Unable to Connect"}, false},
+         "update.test",
+         true,
+         CurrencyRefreshResult::LoadDataFailed,
+         {c1, r1},
+         {dial, codes, rates, rebuild, "Load Data Failed"},
+         true},
+        {"no connection",
+         {},
+         "",
+         "update.test",
+         false,
+         CurrencyRefreshResult::UnableToConnect,
+         {},
+         {dial, "Unable to Connect"},
+         false},
     };
     for (const Case& c : cases) {
         RefreshRig rig;
@@ -231,6 +299,45 @@ TEST(CurrencyRefreshTest, StoppingEndsTheRefreshWithoutTouchingTheStoredList) {
         EXPECT_FALSE(rig.copyExists("ZNCurrCode.xml")) << stopAt;
         EXPECT_FALSE(rig.copyExists("ZNrate.xml")) << stopAt;
     }
+}
+
+TEST(CurrencyRefreshTest, WorkerRunsOneRefreshAndStopsItCleanly) {
+    RefreshRig rig;
+    std::promise<void> downloading;
+    // The rates' download hangs until it is told to stop, as a stalled transfer would.
+    const CurrencyDownload serve = rig.setup.download;
+    rig.setup.download = [&](const std::string& url, const std::filesystem::path& to,
+                             std::stop_token stop) -> std::string {
+        if (url != ratesFirst) {
+            return serve(url, to, stop);
+        }
+        downloading.set_value();
+        std::mutex mutex;
+        std::condition_variable_any stopped;
+        std::unique_lock lock(mutex);
+        stopped.wait(lock, stop, [] { return false; });
+        return "ABORTED";
+    };
+    std::promise<CurrencyRefreshOutcome> ended;
+    CurrencyRefreshWorker worker;
+    ASSERT_TRUE(worker.start(
+        rig.setup, [&](const CurrencyRefreshOutcome& outcome) { ended.set_value(outcome); }));
+    downloading.get_future().wait();
+    EXPECT_TRUE(worker.running());
+    EXPECT_FALSE(worker.start(rig.setup, nullptr)) << "a second refresh while one runs";
+    worker.stop();
+    EXPECT_FALSE(worker.running());
+    EXPECT_EQ(ended.get_future().get().result, CurrencyRefreshResult::Cancelled);
+    EXPECT_EQ(LoadCurrencyList(rig.currencyFile()), storedList);
+
+    // Once ended, the worker takes the next refresh, which runs to its end.
+    rig.setup.download = serve;
+    std::promise<CurrencyRefreshOutcome> next;
+    ASSERT_TRUE(worker.start(
+        rig.setup, [&](const CurrencyRefreshOutcome& outcome) { next.set_value(outcome); }));
+    EXPECT_EQ(next.get_future().get().result, CurrencyRefreshResult::Updated);
+    worker.stop();
+    EXPECT_EQ(LoadCurrencyList(rig.currencyFile()).entries.size(), 6u);
 }
 
 } // namespace
