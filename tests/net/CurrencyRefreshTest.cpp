@@ -14,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include "net/CurrencyFiles.h"
+#include "net/CurrencyLastUpdate.h"
 #include "support/TempDir.h"
 
 namespace zonara {
@@ -283,6 +284,24 @@ TEST(CurrencyRefreshTest, EachDocumentComesFromItsFirstSourceElseTheUpdateHost) 
         } else {
             EXPECT_EQ(LoadCurrencyList(rig.currencyFile()), outcome.list) << c.what;
         }
+    }
+}
+
+TEST(CurrencyRefreshTest, LastUpdateIsTheLocalDateAndTime) {
+    struct Case {
+        const char* utc;
+        std::int32_t offsetMinutes;
+        const char* text;
+    };
+    const Case cases[] = {
+        {"2025-03-14T08:05:00Z", 60, "3/14/2025 9:05 AM"},
+        {"2025-03-14T00:30:00Z", -60, "3/13/2025 11:30 PM"},
+        {"2024-12-31T23:30:00Z", 60, "1/1/2025 12:30 AM"},
+        {"2024-02-28T20:00:00Z", 345, "2/29/2024 1:45 AM"},
+        {"2025-07-01T12:00:00Z", 0, "7/1/2025 12:00 PM"},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(formatLastUpdate(*parseIsoUtc(c.utc), c.offsetMinutes), c.text) << c.utc;
     }
 }
 
