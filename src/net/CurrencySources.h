@@ -1,0 +1,39 @@
+#pragma once
+// Where a rates refresh fetches the currency code list and the euro reference rates.
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace zonara {
+
+// The code list's publisher and the central bank's daily file.
+inline constexpr std::string_view defaultCurrencyCodesUrl =
+    "https://www.unece.org/etrades/unedocs/repository/codelists/xml/CurrencyCodeList.xml";
+inline constexpr std::string_view defaultCurrencyRatesUrl =
+    "https://www.ecb.europa.eu/stats/eurofxref/eurofxref-daily.xml";
+
+// Paths of the same documents on the update host.
+inline constexpr std::string_view updateHostCodesPath = "/CurrencyCodeList.xml";
+inline constexpr std::string_view updateHostRatesPath = "/eurofxref-daily.xml";
+
+// The local copies, kept in Data/ between download and reading.
+inline constexpr std::string_view currencyCodesCopyName = "ZNCurrCode.xml";
+inline constexpr std::string_view currencyRatesCopyName = "ZNrate.xml";
+
+struct CurrencySources {
+    std::string codesUrl{defaultCurrencyCodesUrl}; // [currency] codes
+    std::string ratesUrl{defaultCurrencyRatesUrl}; // [currency] rates
+    std::string updateHost;                        // [update] primary; empty: none
+
+    // The second sources, on the update host; empty when no host is set.
+    std::string codesFallbackUrl() const { return onUpdateHost(updateHostCodesPath); }
+    std::string ratesFallbackUrl() const { return onUpdateHost(updateHostRatesPath); }
+
+  private:
+    std::string onUpdateHost(std::string_view path) const {
+        return updateHost.empty() ? std::string() : "http://" + updateHost + std::string(path);
+    }
+};
+
+} // namespace zonara
