@@ -111,28 +111,22 @@ TEST(SmallClock, Hands) {
     // centre (7999 / 8000 of a length falls short by one).
     const Row rows[] = {
         {3, 0, 30, {72, 50}, {50, 17}, {50, 85}},
-        {15, 0, 30, {72, 50}, {50, 17}, {50, 85}}, // the afternoon on the same dial
-        {0, 45, 15, {50, 29}, {17, 50}, {86, 50}}, // 12:45: the hour hand still at 12 + 3/5
-        {9, 0, 45, {29, 50}, {50, 17}, {15, 50}},
+        // 12:45: the hour hand three marks on (2472 / 8000 and -7608 / 8000 of 22).
+        {0, 45, 15, {56, 30}, {17, 50}, {86, 50}},
+        {21, 0, 45, {29, 50}, {50, 17}, {15, 50}}, // the evening on the same dial
     };
     for (const Row& r : rows) {
         ZoneTime t;
         t.hour = r.hour, t.minute = r.minute, t.second = r.second;
         const SmallClockHands hands = smallClockHands({50, 50}, 40, t);
+        EXPECT_EQ(hands.hour.to, r.hourTip) << r.hour << ":" << r.minute;
         EXPECT_EQ(hands.minute.to, r.minuteTip) << r.hour << ":" << r.minute;
         EXPECT_EQ(hands.second.to, r.secondTip) << r.hour << ":" << r.minute;
-        if (r.minute < 12) {
-            EXPECT_EQ(hands.hour.to, r.hourTip) << r.hour << ":" << r.minute;
-        }
         EXPECT_EQ(hands.hour.from, (PixelPoint{50, 50}));
+        EXPECT_EQ(hands.hourWidth, 4);
+        EXPECT_EQ(hands.minuteWidth, 2);
     }
-    ZoneTime quarterToOne;
-    quarterToOne.hour = 0, quarterToOne.minute = 45;
-    // Index 0 + 45 / 12 = 3: the table's third mark, 2472 / 8000 of 22 right.
-    EXPECT_EQ(smallClockHands({50, 50}, 40, quarterToOne).hour.to, (PixelPoint{56, 30}));
-    EXPECT_EQ(smallClockHands({0, 0}, 40, quarterToOne).hourWidth, 4);
-    EXPECT_EQ(smallClockHands({0, 0}, 40, quarterToOne).minuteWidth, 2);
-    EXPECT_EQ(smallClockHands({0, 0}, 12, quarterToOne).hourWidth, 2);
+    EXPECT_EQ(smallClockHands({0, 0}, 12, ZoneTime{}).hourWidth, 2);
 }
 
 } // namespace

@@ -1,7 +1,5 @@
 #include "globe/DayNight.h"
 
-#include <optional>
-
 #include <gtest/gtest.h>
 
 #include "globe/SolarPosition.h"
@@ -113,6 +111,8 @@ TEST(DayNight, ShadesEveryPixelByTheBoundary) {
     const Row rows[] = {
         {23.44, 180, "northern summer: the night fills down to the bottom"},
         {-23.44, 180, "southern summer: up to the top"},
+        // Its boundary comes within four rows of the top near the sub-solar meridian, so
+        // the band reaches row 0, which keeps the day, and above the map.
         {-0.18, 90, "just before the March equinox: up to the top"},
         {10.0, 37, "the sub-solar meridian off centre"},
         {-5.0, 0, "and at the left edge"},
@@ -127,67 +127,6 @@ TEST(DayNight, ShadesEveryPixelByTheBoundary) {
             expectColumn(s.map, column, boundary, downward);
         }
     }
-}
-
-TEST(DayNight, HandWorkedColumns) {
-    // Where the terminator stands at a few hour angles with the solstice's declination:
-    // 66 degrees from the pole under the sun and opposite it, the equator a quarter turn
-    // away.
-    ASSERT_EQ(TerminatorLatitude(0, 23.44), -66);
-    ASSERT_EQ(TerminatorLatitude(-180, 23.44), 66);
-    ASSERT_EQ(TerminatorLatitude(-90, 23.44), 0);
-
-    struct Row {
-        double declination;
-        int column;
-        std::optional<int> firstNight; // downward: from here to the bottom
-        std::optional<int> lastNight;  // upward: from the top to here
-        int bandNearest;               // the band row next to the day side
-    };
-    const Row rows[] = {
-        // Under the sun in June: boundary row 156, night from 160, band 157..159.
-        {23.44, 180, 160, std::nullopt, 157},
-        // Opposite: boundary row 24, night from 28.
-        {23.44, 0, 28, std::nullopt, 25},
-        // A quarter turn away the boundary is the equator row, which stays grey.
-        {23.44, 90, 94, std::nullopt, 91},
-        // December under the sun: the north is dark to row 19, band 21..23 below it.
-        {-23.44, 180, std::nullopt, 19, 23},
-    };
-    for (const Row& r : rows) {
-        Shaded s;
-        DrawDayNight(s.map, s.nightMap, SunOverMap{r.declination, 180});
-        const int c = r.column;
-        if (r.firstNight) {
-            EXPECT_EQ(s.map.getPixel(c, *r.firstNight), night) << c;
-            EXPECT_EQ(s.map.getPixel(c, H - 1), night) << c;
-            EXPECT_EQ(s.map.getPixel(c, *r.firstNight - 1), band63) << c;
-            EXPECT_EQ(s.map.getPixel(c, r.bandNearest), band189) << c;
-            EXPECT_EQ(s.map.getPixel(c, r.bandNearest - 1),
-                      r.bandNearest - 1 == 90 ? equatorColour : day)
-                << c;
-        } else {
-            EXPECT_EQ(s.map.getPixel(c, 0), night) << c;
-            EXPECT_EQ(s.map.getPixel(c, *r.lastNight), night) << c;
-            EXPECT_EQ(s.map.getPixel(c, *r.lastNight + 1), night) << c; // the band's weight 0
-            EXPECT_EQ(s.map.getPixel(c, *r.lastNight + 2), band63) << c;
-            EXPECT_EQ(s.map.getPixel(c, r.bandNearest), band189) << c;
-            EXPECT_EQ(s.map.getPixel(c, r.bandNearest + 1), day) << c;
-        }
-    }
-}
-
-TEST(DayNight, TopRowIsNeverBlended) {
-    // With the sun almost on the equator, under it the boundary lies a row or two below
-    // the top: the band's rows above the map only use up their weights, and row 0, which
-    // the band reaches, keeps the day colour while row 1 is blended.
-    Shaded s;
-    DrawDayNight(s.map, s.nightMap, SunOverMap{-1.0, 180});
-    const int boundary = 90 - TerminatorLatitude(0, -1.0);
-    ASSERT_GE(boundary, 1);
-    ASSERT_LE(boundary, 2);
-    EXPECT_EQ(s.map.getPixel(180, 0), day);
-    EXPECT_EQ(s.map.getPixel(180, 1), boundary == 2 ? band189 : day);
 }
 
 TEST(DayNight, BandOnTheBoundaryWhenNotInsideTheNight) {

@@ -52,10 +52,6 @@ TEST(GlobeModel, PicturesAndStripByScreen) {
         EXPECT_EQ(face.file, r.face) << r.width << "x" << r.height << " " << r.second;
         EXPECT_EQ(face.sizeValue, r.sizeValue) << r.width << "x" << r.height << " " << r.second;
     }
-    EXPECT_EQ(mapPairFor(profileOf(640, 480)),
-              (MapPair{"daymap_640x320.jpg", "nightmap_640x320.jpg", 640, 320}));
-    EXPECT_EQ(mapPairFor(profileOf(176, 220)),
-              (MapPair{"daymap_320x160.jpg", "nightmap_320x160.jpg", 320, 160}));
 
     // Square screens have faces of their own.
     DeviceProfile square{480, 480, 192, true, false};
@@ -98,17 +94,13 @@ TEST(GlobeModel, Keys) {
         {KeyLeft, 100, 0, KeyOutcome::Scrolled, 90, 0, "ten columns left"},
         {KeyLeft, 10, 0, KeyOutcome::Scrolled, 0, 0, "to the edge"},
         {KeyLeft, 5, 0, KeyOutcome::Scrolled, 630, 0, "past it: W - 10, not W - 5"},
-        {KeyRight, 100, 0, KeyOutcome::Scrolled, 110, 0, "ten columns right"},
         {KeyRight, 629, 0, KeyOutcome::Scrolled, 639, 0, "short of the end"},
         {KeyRight, 635, 0, KeyOutcome::Scrolled, 0, 0, "past it: 0, not 5"},
         {KeyUp, 7, 2, KeyOutcome::SlotChanged, -1, 1, "slot up"},
         {KeyUp, 7, 0, KeyOutcome::SlotChanged, -1, 3, "from the first to the last"},
-        {KeyDown, 7, 1, KeyOutcome::SlotChanged, -1, 2, "slot down"},
         {KeyDown, 7, 3, KeyOutcome::SlotChanged, -1, 0, "from the last to the first"},
         {KeyTwo, 7, 1, KeyOutcome::PassedToParent, 7, 1, "'2' goes to the frame"},
-        {KeyThree, 7, 1, KeyOutcome::PassedToParent, 7, 1, "'3' goes to the frame"},
         {49, 7, 1, KeyOutcome::Ignored, 7, 1, "'1' does nothing here"},
-        {13, 7, 1, KeyOutcome::Ignored, 7, 1, "nor Enter"},
     };
     for (const Row& r : rows) {
         Settings settings = fourCities();
@@ -143,7 +135,6 @@ TEST(GlobeModel, CentringOnTheSelectedCity) {
         {-180.0f, 480, 640, 400},
         {180.0f, 480, 640, 640 - 240}, // the right edge is column W
         {0.0f, 176, 320, 160 - 88},
-        {-170.0f, 176, 320, 8 - 88 + 320},
         {0.0f, 175, 320, 160 - 87}, // the half of an odd width rounds down
     };
     for (const Row& r : rows) {
