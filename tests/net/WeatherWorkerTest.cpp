@@ -8,8 +8,12 @@
 #include "WeatherFakeUpstream.h"
 #include "WeatherMetJson.h"
 #include "core/SystemTime.h"
+#include "core/Text.h"
+#include "core/WorldFiles.h"
 #include "net/WeatherMetNoSource.h"
+#include "net/WeatherSettings.h"
 #include "net/WeatherTexts.h"
+#include "support/ShippedFiles.h"
 #include "support/TempDir.h"
 
 namespace zonara {
@@ -318,6 +322,48 @@ TEST(WeatherWorker, DirectModeStoresTheTranslatedReportOrSaysWhyNot) {
             EXPECT_EQ(outcome.report->temperature, "0 °C");
         }
     }
+}
+
+TEST(WeatherSettingsUse, TheSelectedSlotsCityAndTheTwoFlags) {
+    test::TempDir dir;
+    DstRuleList rules;
+    loadDstRules(test::copyShippedWorld(dir.path()), rules);
+    Settings settings;
+    EXPECT_EQ(weatherUnitsOf(settings).celsius, true); // a fresh start: °C and mbar
+    EXPECT_EQ(weatherUnitsOf(settings).millibar, true);
+    setWeatherUnits(settings, {false, true});
+    EXPECT_EQ(settings.useCelsius, 0);
+    EXPECT_EQ(settings.useMillibar, 1);
+
+    settings.slots[2].cityName = u"Oslo";
+    settings.slots[2].countryName = u"Norway";
+    settings.slots[2].weatherQuery = u"Oslo%2C+NO";
+    settings.slots[2].latitude = 59.91f;
+    settings.slots[2].longitude = 10.75f;
+    settings.slots[2].timeZoneIndex = 110; // UTC+1
+    settings.slots[2].dstRuleIndex = 3;    // the European rule
+    for (const auto& [selected, city] : {std::pair{2, "Oslo"}, {0, "London"}, {7, "London"}}) {
+        settings.selectedSlot = selected;
+        EXPECT_EQ(weatherSlotOf(settings).cityName, toUtf16(city)) << selected;
+    }
+    settings.selectedSlot = 2;
+    const WeatherJob oslo = weatherJobFor(weatherSlotOf(settings), rules);
+    EXPECT_EQ(oslo.queryKey, "Oslo%2C+NO");
+    EXPECT_EQ(oslo.place.heading, "Oslo, Norway");
+    EXPECT_NEAR(oslo.place.latitude, 59.91, 1e-5);
+    const auto utc = [](const char* iso) { return unixFromSystemTime(parseIsoUtc(iso).value()); };
+    EXPECT_EQ(oslo.place.utcOffsetMinutes(utc("2024-06-03T10:00:00Z")), 120);
+    EXPECT_EQ(oslo.place.utcOffsetMinutes(utc("2024-01-15T10:00:00Z")), 60);
+    const WeatherJob london = weatherJobFor(settings.slots[0], rules);
+    EXPECT_EQ(london.queryKey, "London%2C+GB");
+    EXPECT_EQ(london.place.heading, "London, United Kingdom");
+    EXPECT_EQ(london.place.utcOffsetMinutes(utc("2024-06-03T10:00:00Z")), 60);
+    EXPECT_EQ(london.place.utcOffsetMinutes(utc("2024-12-03T10:00:00Z")), 0);
+
+    rememberWeatherLocation(settings, weatherSlotOf(settings));
+    EXPECT_EQ(settings.weatherQuery, u"Oslo%2C+NO");
+    EXPECT_EQ(settings.weatherCity, u"Oslo");
+    EXPECT_EQ(settings.weatherCountry, u"Norway");
 }
 
 } // namespace
