@@ -1,63 +1,68 @@
 #include <charconv>
 #include <limits>
 
-#include "app/Commands.h"
-#include "app/WorldAccess.h"
-#include "cities/CityCatalog.h"
+#include "app/cli/Command.h"
+#include "app/cli/CommandContext.h"
+#include "app/cli/CommonOptions.h"
+#include "app/cli/TablePrinter.h"
+#include "cities/SearchKey.h"
 
 namespace zonara {
 
 namespace {
 
-std::optional<std::size_t> parseLimit(const std::string& text) {
+Expected<std::size_t> parseLimit(const std::optional<std::string>& text) {
+    if (!text) {
+        return std::numeric_limits<std::size_t>::max();
+    }
     std::size_t value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || end != text.data() + text.size() || value == 0) {
-        return std::nullopt;
+    const auto [end, error] = std::from_chars(text->data(), text->data() + text->size(), value);
+    if (error != std::errc() || end != text->data() + text->size() || value == 0) {
+        return fail("--limit takes a whole number above 0, not '" + *text + "'");
     }
     return value;
 }
 
-} // namespace
-
-int runFind(CommandContext& ctx, Args& args) {
-    const std::optional<std::string> limitText = args.option("--limit");
-    const std::vector<std::string> words = args.positionals();
-    std::string problem = args.error();
-    std::size_t limit = std::numeric_limits<std::size_t>::max();
+Outcome runFind(CommandContext& ctx, Args& args) {
+    const Expected<std::size_t> limit = parseLimit(args.option("--limit"));
+    const auto words = args.words();
+    if (!words) {
+        return words.error();
+    }
+    if (!limit) {
+        return limit.error();
+    }
     // The words make one text, so "zonara find new york" needs no quotes.
-    std::string text;
-    for (const std::string& word : words) {
-        text += (text.empty() ? "" : " ") + word;
-    }
-    if (problem.empty() && limitText) {
-        if (const auto parsed = parseLimit(*limitText)) {
-            limit = *parsed;
-        } else {
-            problem = "--limit takes a whole number above 0, not '" + *limitText + "'";
-        }
-    }
-    if (problem.empty() && text.find_first_not_of(" \t") == std::string::npos) {
-        problem = "give part of a city's name: 'zonara find syd'";
-    }
-    if (!problem.empty()) {
-        ctx.err << "zonara find: " << problem << "\n";
-        return 1;
+    const std::string text = joinedWords(*words);
+    if (searchKey(text).empty()) {
+        return fail("give part of a city's name: 'zonara find syd'");
     }
 
-    prepareWorld(ctx);
-    CityCatalog catalog(ctx.paths);
-    const std::vector<CityHit> hits = catalog.search(text, limit);
+    CityCatalog& catalog = ctx.world().catalog();
+    const std::vector<CityHit> hits = catalog.search(text, *limit);
     if (hits.empty()) {
-        ctx.err << "zonara find: no city name contains '" << text << "'\n";
-        return 1;
+        return fail("no city name contains '" + text + "'");
     }
     TablePrinter table({"City", "Country"});
     for (const CityHit& hit : hits) {
         table.add({catalog.city(hit).name, catalog.countries()[hit.country].name});
     }
-    table.print(ctx.out, ctx.options.tsv);
-    return 0;
+    table.print(ctx.out, ctx.tsv());
+    return {};
 }
+
+} // namespace
+
+extern const Command findCommand{
+    .name = "find",
+    .usage = "TEXT... [--limit N]",
+    .summary = "find cities by any part of their name",
+    .help = "Lists the cities whose name contains TEXT, in every country, without regard\n"
+            "to case, accents or punctuation ('sao' finds São Paulo, 'port au' finds\n"
+            "Port-au-Prince): names that start with TEXT first, then the others, each\n"
+            "alphabetical. Several words are one text.\n"
+            "--limit keeps the first N. With --tsv: city, country.\n",
+    .run = runFind,
+};
 
 } // namespace zonara

@@ -1,47 +1,52 @@
-#include <filesystem>
-#include <ostream>
-
-#include "app/Commands.h"
-#include "app/WorldAccess.h"
-#include "core/Settings.h"
+#include "app/cli/CityChoice.h"
+#include "app/cli/Command.h"
+#include "app/cli/CommandContext.h"
+#include "app/cli/CommonOptions.h"
 
 namespace zonara {
 
-int runSlot(CommandContext& ctx, Args& args) {
-    const std::optional<std::string> countryName = args.option("--country");
-    const std::vector<std::string> words = args.positionals();
-    std::string problem = args.error();
-    if (problem.empty() && words.size() != 2) {
-        problem = "give a slot number and a city: 'zonara slot 1 Tokyo'";
-    } else if (problem.empty() &&
-               (words[0].size() != 1 || words[0][0] < '0' || words[0][0] > '3')) {
-        problem = "the slot is a number from 0 to 3, not '" + words[0] + "'";
-    }
-    if (!problem.empty()) {
-        ctx.err << "zonara slot: " << problem << "\n";
-        return 1;
-    }
-    const std::size_t index = std::size_t(words[0][0] - '0');
+namespace {
 
-    prepareWorld(ctx);
-    CountryList countries;
-    const auto match = findCity(ctx, countries, words[1], countryName);
-    if (!match) {
-        return 1;
+Outcome runSlot(CommandContext& ctx, Args& args) {
+    const std::optional<std::string> country = takeCountry(args);
+    const auto words = args.words();
+    if (!words) {
+        return words.error();
     }
-    Settings settings;
-    const std::filesystem::path file = ctx.paths.dataFile(settingsFileName);
-    settings.Load(file);
-    settings.slots[index].Assign(*match->country, *match->city);
-    std::error_code ignored;
-    std::filesystem::create_directories(ctx.paths.dataDir(), ignored);
-    if (!settings.Save(file)) {
-        ctx.err << "zonara slot: cannot write '" << file.string() << "'; nothing changed\n";
-        return 1;
+    if (words->size() < 2) {
+        return fail("give a slot number and a city: 'zonara slot 1 Tokyo'");
     }
-    ctx.out << "Slot " << index << ": " << match->city->name << ", " << match->country->name
+    const Expected<std::size_t> slot = slotNumber(words->front());
+    if (!slot) {
+        return slot.error();
+    }
+    const std::vector<std::string> cityWords(words->begin() + 1, words->end());
+    const Expected<ChosenCity> chosen =
+        chooseCity(ctx.world().catalog(), joinedWords(cityWords), country);
+    if (!chosen) {
+        return chosen.error();
+    }
+
+    Settings settings = ctx.loadSettings();
+    settings.slots[*slot].Assign(*chosen->country, *chosen->city);
+    if (Outcome saved = ctx.saveSettings(settings); !saved.ok()) {
+        return saved;
+    }
+    ctx.out << "Slot " << *slot << ": " << chosen->city->name << ", " << chosen->country->name
             << "\n";
-    return 0;
+    return {};
 }
+
+} // namespace
+
+extern const Command slotCommand{
+    .name = "slot",
+    .usage = "N CITY [--country NAME]",
+    .summary = "put a city into clock slot N (0-3)",
+    .help = "Assigns CITY to clock slot N (0 to 3) and saves the settings, as choosing\n"
+            "a city in the window does. CITY is found as 'zonara time' finds it; when\n"
+            "it fits no city or several, nothing changes.\n",
+    .run = runSlot,
+};
 
 } // namespace zonara

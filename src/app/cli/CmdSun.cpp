@@ -1,8 +1,8 @@
-#include <cstdio>
-
-#include "app/Commands.h"
-#include "app/WorldAccess.h"
-#include "core/WorldFiles.h"
+#include "app/cli/CityChoice.h"
+#include "app/cli/Command.h"
+#include "app/cli/CommandContext.h"
+#include "app/cli/CommonOptions.h"
+#include "app/cli/TablePrinter.h"
 #include "core/ZoneTime.h"
 #include "globe/SunEventText.h"
 #include "globe/SunTimes.h"
@@ -11,45 +11,26 @@ namespace zonara {
 
 namespace {
 
-std::string isoDate(const SystemTime& date) {
-    char text[16];
-    std::snprintf(text, sizeof text, "%04d-%02d-%02d", int(date.year), int(date.month),
-                  int(date.day));
-    return text;
-}
-
-} // namespace
-
-int runSun(CommandContext& ctx, Args& args) {
-    const std::optional<std::string> countryName = args.option("--country");
-    const std::optional<std::string> dateText = args.option("--date");
-    const std::vector<std::string> words = args.positionals();
-    std::string problem = args.error();
-    std::optional<SystemTime> date = ctx.clock.utcNow();
-    if (problem.empty() && words.size() != 1) {
-        problem = words.empty() ? "which city? 'zonara sun CITY'"
-                                : "one city at a time; put a name with spaces in quotes";
-    } else if (problem.empty() && dateText) {
-        date = parseIsoDate(*dateText);
-        if (!date) {
-            problem = "'" + *dateText + "' is not a date; use YYYY-MM-DD";
-        }
+Outcome runSun(CommandContext& ctx, Args& args) {
+    const std::optional<std::string> country = takeCountry(args);
+    const Expected<SystemTime> date = takeDate(args, ctx.clock);
+    const auto words = args.words();
+    if (!words) {
+        return words.error();
     }
-    if (!problem.empty()) {
-        ctx.err << "zonara sun: " << problem << "\n";
-        return 1;
+    if (!date) {
+        return date.error();
+    }
+    if (words->empty()) {
+        return fail("which city? 'zonara sun CITY'");
+    }
+    WorldAccess& world = ctx.world();
+    const Expected<ChosenCity> chosen = chooseCity(world.catalog(), joinedWords(*words), country);
+    if (!chosen) {
+        return chosen.error();
     }
 
-    prepareWorld(ctx);
-    CountryList countries;
-    const auto match = findCity(ctx, countries, words.front(), countryName);
-    if (!match) {
-        return 1;
-    }
-    DstRuleList rules;
-    loadDstRules(ctx.paths, rules);
-
-    const City& city = *match->city;
+    const City& city = *chosen->city;
     // The city's single-precision coordinates widened, as every caller does.
     const double longitude = city.longitude;
     const double latitude = city.latitude;
@@ -62,13 +43,29 @@ int runSun(CommandContext& ctx, Args& args) {
     dateAndZone.timeZoneIndex = city.timeZoneIndex;
     dateAndZone.dstRuleIndex = city.dstRuleIndex;
 
+    const DstRuleList& rules = world.rules();
     TablePrinter table(
         {"City", "Country", "Date", "Sunrise UT", "Sunset UT", "Sunrise local", "Sunset local"});
-    table.add({city.name, match->country->name, isoDate(*date), sunEventUtText(rise),
-               sunEventUtText(set), sunEventText(rise, dateAndZone, rules),
+    table.add({city.name, chosen->country->name, isoDate(date->year, date->month, date->day),
+               sunEventUtText(rise), sunEventUtText(set), sunEventText(rise, dateAndZone, rules),
                sunEventText(set, dateAndZone, rules)});
-    table.print(ctx.out, ctx.options.tsv);
-    return 0;
+    table.print(ctx.out, ctx.tsv());
+    return {};
 }
+
+} // namespace
+
+extern const Command sunCommand{
+    .name = "sun",
+    .usage = "CITY [--country NAME] [--date YYYY-MM-DD]",
+    .summary = "sunrise and sunset of a city",
+    .help = "Shows sunrise and sunset of CITY (found as 'zonara time' finds it) on the\n"
+            "date (default: today's UTC date) in UT and in the city's local time\n"
+            "(24-hour). A day without sunrise or sunset shows 'Up all day' or 'Down all\n"
+            "day'.\n"
+            "With --tsv: city, country, date, sunrise UT, sunset UT (HH:MM:SS),\n"
+            "sunrise local, sunset local (HH:MM).\n",
+    .run = runSun,
+};
 
 } // namespace zonara

@@ -1,53 +1,68 @@
-#include "app/ClockRows.h"
-#include "app/Commands.h"
-#include "app/WorldAccess.h"
-#include "core/WorldFiles.h"
+#include "app/cli/CityChoice.h"
+#include "app/cli/ClockRows.h"
+#include "app/cli/Command.h"
+#include "app/cli/CommandContext.h"
+#include "app/cli/CommonOptions.h"
+#include "app/cli/TablePrinter.h"
 
 namespace zonara {
 
-int runTime(CommandContext& ctx, Args& args) {
+namespace {
+
+Outcome runTime(CommandContext& ctx, Args& args) {
     const bool all = args.flag("--all");
-    const std::optional<std::string> countryName = args.option("--country");
-    const std::vector<std::string> words = args.positionals();
-    std::string problem = args.error();
-    if (problem.empty() && all && (!words.empty() || countryName)) {
-        problem = "--all takes no city or country";
-    } else if (problem.empty() && !all && words.size() != 1) {
-        problem = words.empty() ? "which city? 'zonara time CITY' or 'zonara time --all'"
-                                : "one city at a time; put a name with spaces in quotes";
+    const std::optional<std::string> country = takeCountry(args);
+    const auto words = args.words();
+    if (!words) {
+        return words.error();
     }
-    if (!problem.empty()) {
-        ctx.err << "zonara time: " << problem << "\n";
-        return 1;
+    if (all && (!words->empty() || country)) {
+        return fail("--all takes no city or country");
+    }
+    if (!all && words->empty()) {
+        return fail("which city? 'zonara time CITY' or 'zonara time --all'");
     }
 
-    const auto [settings, rules] = loadClockSetup(ctx);
+    const Settings settings = ctx.loadSettings();
+    WorldAccess& world = ctx.world();
     const SystemTime utc = ctx.clock.utcNow();
-    const bool use24Hour = settings.use24Hour != 0;
     TablePrinter table(clockRowHeader());
-    auto addCity = [&](const Country& country, const City& city) {
-        table.add(clockRow({"-", city.name, country.name, city.timeZoneIndex, city.dstRuleIndex},
-                           utc, rules, use24Hour, ctx.options.tsv));
+    auto addCity = [&](const Country& inCountry, const City& city) {
+        table.add(clockRow({"-", city.name, inCountry.name, city.timeZoneIndex, city.dstRuleIndex},
+                           utc, world.rules(), settings.use24Hour != 0, ctx.tsv()));
     };
 
-    CountryList countries;
+    CityCatalog& catalog = world.catalog();
     if (all) {
-        loadCountries(ctx.paths, countries, false);
-        for (Country& country : countries) {
-            loadCities(ctx.paths, country, false);
-            for (const City& city : country.cities) {
-                addCity(country, city);
+        for (std::size_t c = 0; c < catalog.countries().size(); ++c) {
+            for (const City& city : catalog.cities(c)) {
+                addCity(catalog.countries()[c], city);
             }
         }
     } else {
-        const auto match = findCity(ctx, countries, words.front(), countryName);
-        if (!match) {
-            return 1;
+        const Expected<ChosenCity> chosen = chooseCity(catalog, joinedWords(*words), country);
+        if (!chosen) {
+            return chosen.error();
         }
-        addCity(*match->country, *match->city);
+        addCity(*chosen->country, *chosen->city);
     }
-    table.print(ctx.out, ctx.options.tsv);
-    return 0;
+    table.print(ctx.out, ctx.tsv());
+    return {};
 }
+
+} // namespace
+
+extern const Command timeCommand{
+    .name = "time",
+    .usage = "CITY [--country NAME] | --all",
+    .summary = "the local time of any city",
+    .help = "Shows the local time of CITY, or with --all of every city, in the columns\n"
+            "of 'zonara now'. CITY is typed as people type it ('zurich', 'sao paulo',\n"
+            "'new york' without quotes): case, accents and punctuation do not matter,\n"
+            "and the beginning of a name is enough when only one city has it. A name\n"
+            "that fits several cities lists them; --country NAME says which. A name\n"
+            "that fits none offers the closest names.\n",
+    .run = runTime,
+};
 
 } // namespace zonara
