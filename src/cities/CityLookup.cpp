@@ -1,6 +1,7 @@
 #include "cities/CityLookup.h"
 
 #include <algorithm>
+#include <functional>
 #include <string>
 
 #include "cities/NameDistance.h"
@@ -17,6 +18,9 @@ struct Choice {
     std::vector<std::size_t> picks;
 };
 
+// Whether the key at one position is listed before the key at another.
+using ListOrder = std::function<bool(std::size_t, std::size_t)>;
+
 // The misspellings a name of this length may carry and still be offered.
 std::size_t allowedEdits(std::size_t length) {
     if (length <= 2) {
@@ -27,9 +31,10 @@ std::size_t allowedEdits(std::size_t length) {
 
 // The close names among keys, ranked: whole-name misspellings by edits, each
 // just ahead of the names whose beginning is as far off, then names that
-// contain the text. Equal ranks keep the keys' order.
+// contain the text. Equal ranks follow the list order.
 std::vector<std::size_t> closest(const std::string& wanted,
-                                 const std::vector<std::string_view>& keys) {
+                                 const std::vector<std::string_view>& keys,
+                                 const ListOrder& before) {
     const std::u16string typed = toUtf16(wanted);
     const std::size_t allowed = allowedEdits(typed.size());
     struct Ranked {
@@ -47,8 +52,9 @@ std::vector<std::size_t> closest(const std::string& wanted,
             ranked.push_back({2 * allowed + 2, i});
         }
     }
-    std::stable_sort(ranked.begin(), ranked.end(),
-                     [](const Ranked& a, const Ranked& b) { return a.rank < b.rank; });
+    std::sort(ranked.begin(), ranked.end(), [&](const Ranked& a, const Ranked& b) {
+        return a.rank != b.rank ? a.rank < b.rank : before(a.position, b.position);
+    });
     std::vector<std::size_t> picks;
     for (std::size_t i = 0; i < ranked.size() && i < suggestionLimit; ++i) {
         picks.push_back(ranked[i].position);
@@ -57,7 +63,8 @@ std::vector<std::size_t> closest(const std::string& wanted,
 }
 
 // Exact keys first, then beginnings; one is found, several are ambiguous.
-Choice choose(const std::string& wanted, const std::vector<std::string_view>& keys) {
+Choice choose(const std::string& wanted, const std::vector<std::string_view>& keys,
+              const ListOrder& before) {
     Choice choice;
     if (wanted.empty()) {
         choice.outcome = LookupOutcome::Blank;
@@ -70,12 +77,13 @@ Choice choose(const std::string& wanted, const std::vector<std::string_view>& ke
             }
         }
         if (!choice.picks.empty()) {
+            std::sort(choice.picks.begin(), choice.picks.end(), before);
             choice.outcome =
                 choice.picks.size() == 1 ? LookupOutcome::Found : LookupOutcome::Ambiguous;
             return choice;
         }
     }
-    choice.picks = closest(wanted, keys);
+    choice.picks = closest(wanted, keys, before);
     return choice;
 }
 
@@ -88,57 +96,40 @@ CountryLookup lookupCountry(CityCatalog& catalog, std::string_view typed) {
     for (const Country& country : countries) {
         keyText.push_back(searchKey(country.name));
     }
-    std::vector<std::size_t> order(countries.size());
-    for (std::size_t i = 0; i < order.size(); ++i) {
-        order[i] = i;
-    }
-    std::stable_sort(order.begin(), order.end(),
-                     [&](std::size_t a, std::size_t b) { return keyText[a] < keyText[b]; });
-    std::vector<std::string_view> keys;
-    keys.reserve(order.size());
-    for (const std::size_t i : order) {
-        keys.push_back(keyText[i]);
-    }
-
-    const Choice choice = choose(searchKey(typed), keys);
-    CountryLookup lookup{choice.outcome, {}};
-    for (const std::size_t pick : choice.picks) {
-        lookup.candidates.push_back(order[pick]);
-    }
-    return lookup;
+    const std::vector<std::string_view> keys(keyText.begin(), keyText.end());
+    const ListOrder byName = [&](std::size_t a, std::size_t b) {
+        return keys[a] != keys[b] ? keys[a] < keys[b] : a < b;
+    };
+    const Choice choice = choose(searchKey(typed), keys, byName);
+    return {choice.outcome, choice.picks};
 }
 
 CityLookup lookupCity(CityCatalog& catalog, std::string_view typed,
                       std::optional<std::size_t> country) {
     const std::vector<KeyedCity>& all = catalog.keyedCities();
-    const auto namesIn = [&](std::optional<std::size_t> only) {
-        std::vector<const KeyedCity*> entries;
+    std::vector<const KeyedCity*> entries;
+    std::vector<std::string_view> keys;
+    const auto collect = [&](std::optional<std::size_t> only) {
+        entries.clear();
+        keys.clear();
         for (const KeyedCity& entry : all) {
             if (!only || entry.hit.country == *only) {
                 entries.push_back(&entry);
+                keys.push_back(entry.key);
             }
         }
-        std::sort(entries.begin(), entries.end(), [&](const KeyedCity* a, const KeyedCity* b) {
-            return catalog.inNameOrder(*a, *b);
-        });
-        return entries;
     };
-    const auto keysOf = [](const std::vector<const KeyedCity*>& entries) {
-        std::vector<std::string_view> keys;
-        keys.reserve(entries.size());
-        for (const KeyedCity* entry : entries) {
-            keys.push_back(entry->key);
-        }
-        return keys;
+    const ListOrder byName = [&](std::size_t a, std::size_t b) {
+        return catalog.inNameOrder(*entries[a], *entries[b]);
     };
 
     const std::string wanted = searchKey(typed);
-    std::vector<const KeyedCity*> entries = namesIn(country);
-    Choice choice = choose(wanted, keysOf(entries));
+    collect(country);
+    Choice choice = choose(wanted, keys, byName);
     CityLookup lookup;
     if (choice.outcome == LookupOutcome::NotFound && choice.picks.empty() && country) {
-        entries = namesIn(std::nullopt);
-        choice.picks = closest(wanted, keysOf(entries));
+        collect(std::nullopt);
+        choice.picks = closest(wanted, keys, byName);
         lookup.fromOtherCountries = !choice.picks.empty();
     }
     lookup.outcome = choice.outcome;
