@@ -12,38 +12,7 @@ namespace zonara {
 
 namespace {
 
-constexpr std::string_view generalUsage =
-    "Usage: zonara [OPTIONS] [COMMAND [ARGS...]]\n"
-    "\n"
-    "A world clock with travel tools. Without a command it opens the window.\n"
-    "\n"
-    "Options:\n"
-    "  --root DIR        the folder that holds Data/ and Graphics/\n"
-    "                    (default: $ZONARA_ROOT, the program's folder, or\n"
-    "                    ~/.local/share/zonara)\n"
-    "  --at TIME         take TIME (YYYY-MM-DDTHH:MM:SSZ, UTC) as now\n"
-    "  --screen WxH      the device profile: 176x220, 240x320, 480x640 or their\n"
-    "                    landscape forms (default 480x640)\n"
-    "  --second-display  the profile has a second display\n"
-    "  --tsv             tab-separated output for scripts\n"
-    "  --version         the program's version\n"
-    "  -h, --help        this help; 'zonara help COMMAND' for a command's\n"
-    "\n"
-    "A city is named as people type it: case, accents and punctuation do not\n"
-    "matter, and the beginning of a name is enough when only one city has it.\n"
-    "\n"
-    "Commands:\n";
-
 constexpr std::string_view version = ZONARA_VERSION;
-
-void printGeneralHelp(std::ostream& out) {
-    out << generalUsage;
-    for (const Command* command : commandTable()) {
-        std::string name(command->name);
-        name.resize(std::max<std::size_t>(name.size() + 2, 14), ' ');
-        out << "  " << name << command->summary << "\n";
-    }
-}
 
 // Offers the command a misspelt name is closest to.
 std::string unknownCommand(const std::string& name) {

@@ -18,5 +18,6 @@ int main(int argc, char** argv) {
                      "here is the terminal clock, 'zonara now'\n";
         words.emplace_back("now");
     }
-    return zonara::runCommandLine(words, zonara::CommandIo{std::cout, std::cerr, isatty(1) == 1});
+    return zonara::runCommandLine(
+        words, zonara::CommandIo{std::cout, std::cerr, isatty(1) == 1, &std::cin});
 }

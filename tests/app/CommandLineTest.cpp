@@ -257,6 +257,8 @@ TEST(CommandLine, SettingsChangesCheckedValuesOrNothing) {
 TEST(CommandLine, EveryCommandHasItsHelpBothWays) {
     const auto list = runZonara({"--help"});
     EXPECT_EQ(list.exitCode, 0);
+    EXPECT_EQ(runZonara({"help"}).out, list.out);
+    EXPECT_EQ(runZonara({}).out, list.out);
     for (const Command* command : commandTable()) {
         const std::string name(command->name);
         SCOPED_TRACE(name);

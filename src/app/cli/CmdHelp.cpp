@@ -13,8 +13,12 @@ Outcome runHelp(CommandContext& ctx, Args& args) {
     if (!words) {
         return words.error();
     }
+    if (words->empty()) {
+        printGeneralHelp(ctx.out);
+        return {};
+    }
     if (words->size() != 1) {
-        return fail("name one command: 'zonara help time'; 'zonara --help' lists them");
+        return fail("name one command: 'zonara help time'");
     }
     const Command* command = commandNamed(words->front());
     if (command == nullptr) {
@@ -28,10 +32,11 @@ Outcome runHelp(CommandContext& ctx, Args& args) {
 
 extern const Command helpCommand{
     .name = "help",
-    .usage = "COMMAND",
+    .usage = "[COMMAND]",
     .summary = "what a command does and takes (as 'zonara COMMAND --help')",
     .help = "Shows the help of COMMAND, the same text as 'zonara COMMAND --help'.\n"
-            "'zonara --help' lists the commands and the options every command takes.\n",
+            "Without a command, the list of commands and the options every command\n"
+            "takes, as 'zonara --help'.\n",
     .run = runHelp,
     .needsRoot = false,
 };

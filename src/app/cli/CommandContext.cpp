@@ -11,7 +11,7 @@ CommandContext::CommandContext(const Command& command, const GlobalOptions& opti
                                const CommandIo& io)
     : options(options), paths(std::move(paths)),
       clock(options.at ? ClockSource::fixedAt(*options.at) : ClockSource::system()), out(io.out),
-      err(io.err), outIsTerminal(io.outIsTerminal), command(command) {}
+      err(io.err), outIsTerminal(io.outIsTerminal), in(io.in), command(command) {}
 
 std::string_view CommandContext::commandName() const {
     return command.name;

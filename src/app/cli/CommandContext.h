@@ -24,6 +24,7 @@ struct CommandIo {
     std::ostream& out;
     std::ostream& err;
     bool outIsTerminal = false; // progress bars only then; plain status lines otherwise
+    std::istream* in = nullptr; // what the user types, for commands that read it; none in tests
 };
 
 class CommandContext {
@@ -38,6 +39,7 @@ class CommandContext {
     std::ostream& out;
     std::ostream& err;
     const bool outIsTerminal;
+    std::istream* const in;
 
     std::string_view commandName() const;
     bool tsv() const { return options.tsv; }
