@@ -15,7 +15,7 @@
 #include "controls/CDialogFrame.h"
 #include "core/Paths.h"
 #include "net/WeatherReport.h"
-#include "net/WeatherWorker.h"
+#include "net/WeatherService.h"
 
 class QAction;
 class QGridLayout;
@@ -24,12 +24,6 @@ class QScrollArea;
 class QStackedWidget;
 
 namespace zonara {
-
-// One update, run on the worker thread: progress texts go to the status
-// function, a stop request ends it early. It touches no window.
-using WeatherUpdater = std::function<WeatherOutcome(
-    const WeatherUnits& units, const std::function<void(std::string_view)>& status,
-    std::stop_token stop)>;
 
 class CWeatherDlg : public CDialogFrame {
     Q_OBJECT

@@ -24,12 +24,6 @@ FrameResult notYet(FrameContext& ctx) {
 FrameResult cityDetailsCommand(FrameContext& ctx) {
     return notYet(ctx);
 }
-FrameResult weatherUpdateCommand(FrameContext& ctx) {
-    return notYet(ctx);
-}
-FrameResult weatherShowLastCommand(FrameContext& ctx) {
-    return notYet(ctx);
-}
 FrameResult currencyCommand(FrameContext& ctx) {
     return notYet(ctx);
 }
