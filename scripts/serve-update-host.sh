@@ -68,8 +68,16 @@ stop() {
 trap 'stop; exit 0' INT TERM HUP
 trap stop EXIT
 
+rm -f "$run/fcgiwrap.sock" # one left by an earlier run in a kept folder
 "$fcgiwrap" -c 1 -s "unix:$run/fcgiwrap.sock" &
 pids+=($!)
+# nginx only once the gateway's socket is there, so that the first weather
+# request does not meet a missing socket (at most 5 s).
+for _ in $(seq 100); do
+    [ -S "$run/fcgiwrap.sock" ] && break
+    kill -0 "${pids[0]}" 2>/dev/null || { echo "$0: fcgiwrap did not start" >&2; exit 1; }
+    sleep 0.05
+done
 "$nginx" -p "$run" -c "$run/nginx.conf" -e "$run/error.log" &
 pids+=($!)
 echo "serving $tree on http://127.0.0.1:$port/ (nginx $run/nginx.conf)" >&2

@@ -440,32 +440,4 @@ TEST(DataUpdate, CancelStopsTheRunAndRemovesTheTemporaryFiles) {
     EXPECT_EQ(readFile(paths.dataFile("city40.dat")), world.city);
 }
 
-TEST(DataUpdate, PublishingKeepsTheStampOfTheSameDataAndChangesItForNewData) {
-    test::TempDir dir;
-    const fs::path script = test::sourceDir() / "scripts" / "publish-update-tree.sh";
-    const fs::path shipped = test::sourceDir() / "data";
-    const fs::path tree = dir.path() / "tree";
-    const Paths small = installSmallWorld(dir.path() / "small");
-    const auto publish = [&](const fs::path& data) {
-        const test::ProgramRun run =
-            test::runProgram({"bash", script.string(), "--data", data.string(), tree.string()});
-        EXPECT_EQ(run.exitCode, 0);
-        EXPECT_EQ(readFile(tree / "zonara" / "version40.dat"), run.out.substr(0, 4) + "\r\n");
-        return run.out.substr(0, 4);
-    };
-    const std::string shippedStamp = publish(shipped);
-    EXPECT_EQ(shippedStamp, readFile(shipped / "version40.dat").substr(0, 4));
-    EXPECT_EQ(publish(shipped), shippedStamp);
-    const std::string smallStamp = publish(small.dataDir());
-    EXPECT_NE(smallStamp, shippedStamp);
-    EXPECT_EQ(readFile(tree / "zonara" / "city40.dat"), readFile(small.dataFile("city40.dat")));
-    EXPECT_NE(publish(shipped), smallStamp);
-
-    fs::remove(small.dataFile("daylight40.dat"));
-    const test::ProgramRun refused = test::runProgram(
-        {"bash", script.string(), "--data", small.dataDir().string(), tree.string()});
-    EXPECT_NE(refused.exitCode, 0);
-    EXPECT_EQ(readFile(tree / "zonara" / "version40.dat"), shippedStamp + "\r\n");
-}
-
 } // namespace zonara

@@ -123,9 +123,10 @@ ProgramRun runProgram(const std::vector<std::string>& words) {
 }
 
 UpdateHost::UpdateHost(const std::filesystem::path& dataDir,
-                       const std::vector<std::filesystem::path>& extras) {
+                       const std::vector<std::filesystem::path>& extras,
+                       const std::filesystem::path& weatherGateway) {
     if (publish(dataDir, extras)) {
-        start();
+        start(weatherGateway);
     }
 }
 
@@ -152,14 +153,20 @@ bool UpdateHost::publish(const std::filesystem::path& dataDir,
     return true;
 }
 
-bool UpdateHost::start() {
+bool UpdateHost::start(const std::filesystem::path& weatherGateway) {
     const std::string script = (sourceDir() / "scripts" / "serve-update-host.sh").string();
     const std::string runDir = (dir.path() / "run").string();
     for (int attempt = 0; attempt < 5; ++attempt) {
         port_ = freePort();
         // The run folder goes through env: the child does nothing but exec.
-        std::vector<std::string> words = {"env",  "ZONARA_HOST_RUN_DIR=" + runDir, "bash",
-                                          script, std::to_string(port_),           tree().string()};
+        std::vector<std::string> words = {"env", "ZONARA_HOST_RUN_DIR=" + runDir};
+        if (!weatherGateway.empty()) {
+            words.push_back("ZONARA_WEATHER_GATEWAY=" + weatherGateway.string());
+        }
+        for (const std::string& word :
+             {std::string("bash"), script, std::to_string(port_), tree().string()}) {
+            words.push_back(word);
+        }
         std::vector<char*> argv = argvOf(words);
         const pid_t parent = ::getpid();
         const pid_t pid = ::fork();
@@ -201,6 +208,10 @@ bool UpdateHost::start() {
     }
     error_ = "nginx did not start (see " + runDir + "/error.log)";
     return false;
+}
+
+std::string UpdateHost::errorLog() const {
+    return readFile(dir.path() / "run" / "error.log");
 }
 
 void UpdateHost::stop() {

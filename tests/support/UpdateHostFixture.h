@@ -25,9 +25,11 @@ ProgramRun runProgram(const std::vector<std::string>& argv);
 class UpdateHost {
   public:
     // Publishes dataDir's world files (and the extra files) and starts the
-    // host. ok() tells whether both worked; error() says what did not.
+    // host, with the weather gateway program when one is named. ok() tells
+    // whether both worked; error() says what did not.
     explicit UpdateHost(const std::filesystem::path& dataDir,
-                        const std::vector<std::filesystem::path>& extras = {});
+                        const std::vector<std::filesystem::path>& extras = {},
+                        const std::filesystem::path& weatherGateway = {});
     // Stops nginx and fcgiwrap and removes the tree.
     ~UpdateHost();
     UpdateHost(const UpdateHost&) = delete;
@@ -38,6 +40,8 @@ class UpdateHost {
     std::uint16_t port() const { return port_; }
     // The published tree: zonara/version40.dat and the rest.
     std::filesystem::path tree() const { return dir.path() / "tree"; }
+    // nginx's error log, for failure messages.
+    std::string errorLog() const;
     // The stamp the last publishing printed.
     const std::string& stamp() const { return stamp_; }
 
@@ -48,7 +52,7 @@ class UpdateHost {
     void stop();
 
   private:
-    bool start();
+    bool start(const std::filesystem::path& weatherGateway);
 
     TempDir dir;
     std::uint16_t port_ = 0;
