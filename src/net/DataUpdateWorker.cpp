@@ -2,6 +2,34 @@
 
 namespace zonara {
 
+namespace {
+
+// Marks the run as ended before the sink hears of it, so that a sink that
+// lets the user start again at once is not refused.
+class EndingSink : public UpdateSink {
+  public:
+    EndingSink(UpdateSink& sink, std::atomic<bool>& active, std::atomic<int>& outcome)
+        : sink(sink), active(active), outcome(outcome) {}
+    void runStarted() override { sink.runStarted(); }
+    void status(UpdateStatus status) override { sink.status(status); }
+    void progressRange(std::uint16_t range, std::int32_t length) override {
+        sink.progressRange(range, length);
+    }
+    void progressPosition(std::int32_t bytes) override { sink.progressPosition(bytes); }
+    void runEnded(UpdateOutcome ended) override {
+        outcome.store(int(ended));
+        active.store(false);
+        sink.runEnded(ended);
+    }
+
+  private:
+    UpdateSink& sink;
+    std::atomic<bool>& active;
+    std::atomic<int>& outcome;
+};
+
+} // namespace
+
 DataUpdateWorker::DataUpdateWorker(Paths paths, Config config)
     : paths(std::move(paths)), config(std::move(config)), downloader(this->config.network) {}
 
@@ -18,9 +46,8 @@ bool DataUpdateWorker::start(UpdateSink& sink) {
     }
     active.store(true);
     worker = std::jthread([this, &sink](std::stop_token stop) {
-        const UpdateOutcome outcome = runDataUpdate(paths, config, downloader, sink, stop);
-        lastOutcome.store(int(outcome));
-        active.store(false);
+        EndingSink ending(sink, active, lastOutcome);
+        runDataUpdate(paths, config, downloader, ending, stop);
     });
     return true;
 }

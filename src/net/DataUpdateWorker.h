@@ -22,7 +22,9 @@ class DataUpdateWorker {
     DataUpdateWorker& operator=(const DataUpdateWorker&) = delete;
 
     // Starts a run that reports to the sink from the worker thread; false (and
-    // nothing happens) while a run is going on.
+    // nothing happens) while a run is going on. The sink must outlive the run;
+    // it hears runEnded after running() has turned false, and must not call
+    // start or cancel itself from the worker thread.
     bool start(UpdateSink& sink);
     bool running() const { return active.load(); }
     // With a run going on: aborts its transfer, waits for the worker to end

@@ -31,7 +31,9 @@ class FileDownloader {
     // error(). url and path missing (null) give INVALID_PARAMETER; user and
     // password may be null; so may the owner. Secure mode (https on the
     // configured HTTPS port) when both credentials are given and one is not
-    // empty, or for an https URL. A stop request ends the download as Abort does.
+    // empty, or for an https URL. The configured time limit bounds the wait
+    // for the response's headers (OPENING_REQUEST) and for each read. A stop
+    // request ends the download as Abort does.
     int Download(const char* url, const char* path, const char* user, const char* password,
                  DownloadOwner* owner, std::stop_token stop = {});
 
