@@ -94,7 +94,7 @@ std::size_t HttpTransfer::onHeader(char* data, std::size_t, std::size_t size, vo
     return size;
 }
 
-void HttpTransfer::drive(Clock::time_point deadline) {
+void HttpTransfer::perform() {
     int running = 0;
     curl_multi_perform(multi, &running);
     int left = 0;
@@ -104,15 +104,14 @@ void HttpTransfer::drive(Clock::time_point deadline) {
             doneCode = message->data.result;
         }
     }
-    if (!done && (pendingAt >= pending.size()) && !abortRequested.load()) {
+}
+
+void HttpTransfer::drive(Clock::time_point deadline) {
+    perform();
+    // Waits only while there is nothing to hand over; abort wakes the wait.
+    if (!done && pendingAt >= pending.size() && !abortRequested.load()) {
         curl_multi_poll(multi, nullptr, 0, millisecondsUntil(deadline), nullptr);
-        curl_multi_perform(multi, &running);
-        while (CURLMsg* message = curl_multi_info_read(multi, &left)) {
-            if (message->msg == CURLMSG_DONE) {
-                done = true;
-                doneCode = message->data.result;
-            }
-        }
+        perform();
     }
 }
 

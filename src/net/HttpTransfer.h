@@ -64,6 +64,9 @@ class HttpTransfer {
   private:
     static std::size_t onBody(char* data, std::size_t, std::size_t size, void* self);
     static std::size_t onHeader(char* data, std::size_t, std::size_t size, void* self);
+    // Lets libcurl work, and notes the transfer's end.
+    void perform();
+    // One step of a wait that ends by the deadline.
     void drive(std::chrono::steady_clock::time_point deadline);
 
     CURL* easy = nullptr;
