@@ -14,7 +14,9 @@ usage() { echo "usage: $0 PORT DIR" >&2; exit 2; }
 [ $# -eq 2 ] || usage
 port=$1
 tree=$2
-[[ "$port" =~ ^[0-9]+$ ]] && [ "$port" -ge 1 ] && [ "$port" -le 65535 ] || usage
+if ! [[ "$port" =~ ^[0-9]+$ ]] || [ "$port" -lt 1 ] || [ "$port" -gt 65535 ]; then
+    usage
+fi
 [ -d "$tree" ] || { echo "$0: $tree is not a folder" >&2; exit 1; }
 tree=$(cd "$tree" && pwd)
 
