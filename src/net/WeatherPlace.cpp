@@ -54,11 +54,11 @@ DstRuleList dstRules(const std::filesystem::path& file) {
     RecordCursor cursor;
     cursor.Attach(map.data(), map.size());
     while (!cursor.AtEnd()) {
-        DstRule rule;
-        rule.startText = field(cursor);
-        rule.endText = field(cursor);
+        // The rule reads its texts as it is made, so both go to its constructor.
+        std::string start = field(cursor);
+        std::string end = field(cursor);
         cursor.SkipLine();
-        rules.push_back(std::move(rule));
+        rules.emplace_back(std::move(start), std::move(end));
     }
     return rules;
 }
