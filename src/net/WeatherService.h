@@ -1,6 +1,6 @@
 #pragma once
 // One weather update as this installation makes it: the update hosts' weather
-// paths, or the forecast provider directly.
+// paths, or the forecast provider directly, as zonara.ini says.
 
 #include <functional>
 #include <stop_token>
@@ -9,6 +9,7 @@
 
 #include "core/ClockSource.h"
 #include "core/Paths.h"
+#include "net/Config.h"
 #include "net/WeatherMetNoSource.h"
 #include "net/WeatherWorker.h"
 
@@ -25,17 +26,19 @@ using WeatherUpdater = std::function<WeatherOutcome(
 struct WeatherService {
     Paths paths;
     ClockSource clock = ClockSource::system(); // "now" for reports made in direct mode
-    WeatherSetup setup;                        // hosts or direct, the hosts in the weather order
-    std::string contact;                       // sent to the provider in direct mode
+    NetworkConfig network;
+    WeatherSetup setup; // hosts or direct, the hosts in the weather order
+    std::string contact;
     std::string metnoUrl{defaultMetNoUrl};
-    long timeoutSeconds = 100;
 };
 
-// The service that ROOT/zonara.ini describes.
-WeatherService weatherServiceFor(const Paths& paths, const ClockSource& clock);
+// [weather] source and contact, [update] hosts and [network] of the configuration.
+WeatherService weatherServiceFor(const Paths& paths, const ClockSource& clock,
+                                 const Config& config);
 
-// Runs one update for the job; in direct mode the provider's answers are kept
-// in Data/ until they expire.
+// Runs one update for the job. In direct mode the provider is asked over the
+// configured port of its scheme, and its answers are kept in Data/ until they
+// expire.
 WeatherOutcome updateWeather(const WeatherService& service, const WeatherJob& job,
                              const WeatherUnits& units, const WeatherStatus& status,
                              std::stop_token stop);

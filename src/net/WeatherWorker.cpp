@@ -1,6 +1,7 @@
 #include "net/WeatherWorker.h"
 
 #include "core/FileWriter.h"
+#include "net/TransferTarget.h"
 #include "net/WeatherMetNoSource.h"
 #include "net/WeatherTexts.h"
 #include "net/WeatherTranslation.h"
@@ -57,7 +58,7 @@ Fetch fetchFromHosts(const WeatherRun& run, const WeatherJob& job, std::stop_tok
         transport.close();
         if (stop.stop_requested())
             return cancelled();
-        if (!transport.ensureConnection())
+        if (!transport.ensureConnection(hosts[attempt]))
             return failed(weather_text::unableToConnect);
         say(run, weather_text::connecting);
         if (!transport.open(hosts[attempt])) {
@@ -78,13 +79,16 @@ Fetch fetchFromHosts(const WeatherRun& run, const WeatherJob& job, std::stop_tok
 }
 
 Fetch fetchDirect(const WeatherRun& run, const WeatherJob& job, std::stop_token stop) {
-    if (run.transport && !run.transport->ensureConnection())
-        return failed(weather_text::unableToConnect);
+    if (!run.direct)
+        return failed(weather_text::serverError);
+    if (run.transport) {
+        const std::optional<TransferTarget> provider = crackUrl(run.direct->urlFor(job.place));
+        if (!provider || !run.transport->ensureConnection(provider->host))
+            return failed(weather_text::unableToConnect);
+    }
     if (stop.stop_requested())
         return cancelled();
     say(run, weather_text::connecting);
-    if (!run.direct)
-        return failed(weather_text::serverError);
     say(run, weather_text::gettingWeather);
     MetNoResult result = run.direct->reportFor(job.place);
     switch (result.status) {

@@ -35,8 +35,8 @@ class FakeTransport final : public WeatherTransport {
     std::map<std::string, std::optional<std::string>> pages; // host → page body
     std::vector<std::string> calls;
 
-    bool ensureConnection() override {
-        calls.push_back("connect");
+    bool ensureConnection(const std::string& host) override {
+        calls.push_back("connect " + host);
         return connects;
     }
     bool open(const std::string& host) override {
@@ -102,20 +102,15 @@ TEST(WeatherWorker, TwoAttemptsOnTheHostsAndWhatEachFailureSays) {
         std::string_view error;
         std::vector<std::string> calls;
     };
-    const std::vector<std::string> firstOnly = {"close", "connect", "open weather1",
+    const std::vector<std::string> firstOnly = {"close", "connect weather1", "open weather1",
                                                 "get weather1" + firstPath, "close"};
     const std::vector<std::string> both = {
-        "close", "connect", "open weather1", "get weather1" + firstPath,
-        "close", "connect", "open weather2", "get weather2" + secondPath,
+        "close", "connect weather1", "open weather1", "get weather1" + firstPath,
+        "close", "connect weather2", "open weather2", "get weather2" + secondPath,
         "close"};
-    const std::vector<std::string> firstClosed = {"close",
-                                                  "connect",
-                                                  "open weather1",
-                                                  "close",
-                                                  "connect",
-                                                  "open weather2",
-                                                  "get weather2" + secondPath,
-                                                  "close"};
+    const std::vector<std::string> firstClosed = {
+        "close",         "connect weather1",          "open weather1", "close", "connect weather2",
+        "open weather2", "get weather2" + secondPath, "close"};
     using K = WeatherOutcome::Kind;
     const Row rows[] = {
         {"first host answers", true, true, good, true, report("1"), K::Stored, "", firstOnly},
@@ -132,7 +127,8 @@ TEST(WeatherWorker, TwoAttemptsOnTheHostsAndWhatEachFailureSays) {
          {},
          K::Failed,
          weather_text::serverError,
-         {"close", "connect", "open weather1", "close", "connect", "open weather2", "close"}},
+         {"close", "connect weather1", "open weather1", "close", "connect weather2",
+          "open weather2", "close"}},
         {"both pages fail", true, true, {}, true, {}, K::Failed, weather_text::noWeather, both},
         {"no root anywhere", true, true, "<rot>", true, "Not Found", K::Failed,
          weather_text::noWeather, both},
@@ -155,8 +151,8 @@ TEST(WeatherWorker, TwoAttemptsOnTheHostsAndWhatEachFailureSays) {
          {},
          K::Failed,
          weather_text::serverError,
-         {"close", "connect", "open weather1", "get weather1" + firstPath, "close", "connect",
-          "open weather2", "close"}},
+         {"close", "connect weather1", "open weather1", "get weather1" + firstPath, "close",
+          "connect weather2", "open weather2", "close"}},
         {"no connection",
          false,
          true,
@@ -165,7 +161,7 @@ TEST(WeatherWorker, TwoAttemptsOnTheHostsAndWhatEachFailureSays) {
          good,
          K::Failed,
          weather_text::unableToConnect,
-         {"close", "connect", "close"}},
+         {"close", "connect weather1", "close"}},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
@@ -312,7 +308,8 @@ TEST(WeatherWorker, DirectModeStoresTheTranslatedReportOrSaysWhyNot) {
         EXPECT_EQ(outcome.kind, row.kind);
         EXPECT_EQ(outcome.error, row.error);
         ASSERT_EQ(upstream.requests.size(), row.requests);
-        EXPECT_EQ(std::count(transport.calls.begin(), transport.calls.end(), "connect"), 1);
+        EXPECT_EQ(std::count(transport.calls.begin(), transport.calls.end(), "connect api.met.no"),
+                  1);
         ASSERT_TRUE(outcome.report.has_value());
         if (row.kind == K::Stored) {
             EXPECT_EQ(outcome.report->heading, "London, United Kingdom");
