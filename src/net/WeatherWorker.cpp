@@ -53,15 +53,20 @@ void say(const WeatherRun& run, std::string_view text) {
 Fetch fetchFromHosts(const WeatherRun& run, const WeatherJob& job, std::stop_token stop) {
     WeatherTransport& transport = *run.transport;
     const std::string hosts[2] = {run.setup.primaryHost, run.setup.fallbackHost};
+    // With no host at all there is nothing to connect to, as for the data
+    // update; one missing host is an attempt that cannot open.
+    if (hosts[0].empty() && hosts[1].empty())
+        return failed(weather_text::unableToConnect);
     for (int attempt = 0; attempt < 2; ++attempt) {
         const bool last = attempt == 1;
         transport.close();
         if (stop.stop_requested())
             return cancelled();
-        if (!transport.ensureConnection(hosts[attempt]))
+        const bool named = !hosts[attempt].empty();
+        if (named && !transport.ensureConnection(hosts[attempt]))
             return failed(weather_text::unableToConnect);
         say(run, weather_text::connecting);
-        if (!transport.open(hosts[attempt])) {
+        if (!named || !transport.open(hosts[attempt])) {
             if (last)
                 return failed(weather_text::serverError);
             continue;

@@ -5,6 +5,9 @@
 
 #include "net/WeatherService.h"
 
+#include <chrono>
+#include <thread>
+
 #include <gtest/gtest.h>
 
 #include "WeatherHttpStub.h"
@@ -130,7 +133,15 @@ TEST(WeatherOverTheUpdateHost, TheGatewayBehindNginxAndEachWayAnUpdateFails) {
         EXPECT_EQ(client.heading(), row.heading);
         ASSERT_TRUE(outcome.report.has_value());
         EXPECT_EQ(outcome.report->heading, row.heading);
-        const std::string asked = host.accessLog().substr(before.size());
+        // nginx writes a request's log line after its answer went out: wait
+        // (boundedly) until the lines expected are there, then compare.
+        std::string asked;
+        for (int i = 0; i < 200; ++i) {
+            asked = host.accessLog().substr(before.size());
+            if (count(asked, "\n") >= row.plAsks + row.cgiAsks)
+                break;
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
         EXPECT_EQ(
             count(asked, "/cgi-bin/hamweather/hw3.pl?config=&maxdays=4&forecast=zandh&pands="),
             row.plAsks)

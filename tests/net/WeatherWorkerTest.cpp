@@ -203,6 +203,48 @@ TEST(WeatherWorker, TwoAttemptsOnTheHostsAndWhatEachFailureSays) {
     }
 }
 
+TEST(WeatherWorker, AMissingHostIsAnAttemptThatCannotOpen) {
+    struct Row {
+        const char* updatePrimary;
+        const char* updateFallback;
+        WeatherOutcome::Kind kind;
+        std::string_view error;
+        std::vector<std::string> calls;
+    };
+    using K = WeatherOutcome::Kind;
+    const Row rows[] = {
+        {"",
+         "weather1",
+         K::Failed,
+         weather_text::serverError,
+         {"close", "connect weather1", "open weather1", "get weather1" + firstPath, "close",
+          "close"}},
+        {"weather2",
+         "",
+         K::Stored,
+         "",
+         {"close", "close", "connect weather2", "open weather2", "get weather2" + secondPath,
+          "close"}},
+        {"", "", K::Failed, weather_text::unableToConnect, {"close"}},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(std::string(row.updatePrimary) + "/" + row.updateFallback);
+        test::TempDir dir;
+        FakeTransport transport;
+        transport.opens = {{"weather1", true}, {"weather2", true}};
+        transport.pages = {{"weather1", "<html>busy</html>"}, {"weather2", report("50")}};
+        WeatherRun run;
+        run.paths = Paths(dir.path());
+        fs::create_directories(run.paths.dataDir());
+        run.setup = chooseWeatherSetup("hosts", row.updatePrimary, row.updateFallback);
+        run.transport = &transport;
+        const WeatherOutcome outcome = runWeatherUpdate(run, {"London%2C+GB", {}});
+        EXPECT_EQ(outcome.kind, row.kind);
+        EXPECT_EQ(outcome.error, row.error);
+        EXPECT_EQ(transport.calls, row.calls);
+    }
+}
+
 TEST(WeatherWorker, ACacheThatCannotBeWrittenEndsQuietlyWithTheOldReport) {
     test::TempDir dir;
     const Paths paths(dir.path());
