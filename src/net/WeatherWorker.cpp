@@ -77,6 +77,9 @@ Fetch fetchFromHosts(const WeatherRun& run, const WeatherJob& job, std::stop_tok
         std::optional<std::string> body = transport.get(weatherPath(attempt, job.queryKey));
         if (body && isWeatherReport(*body))
             return {WeatherOutcome::Kind::Stored, {}, std::move(*body)};
+        // A read that a stop aborted is no answer of the host's.
+        if (stop.stop_requested())
+            return cancelled();
         if (last)
             return failed(weather_text::noWeather);
     }
@@ -96,6 +99,8 @@ Fetch fetchDirect(const WeatherRun& run, const WeatherJob& job, std::stop_token 
     say(run, weather_text::connecting);
     say(run, weather_text::gettingWeather);
     MetNoResult result = run.direct->reportFor(job.place);
+    if (stop.stop_requested())
+        return cancelled();
     switch (result.status) {
     case MetNoResult::Status::Unreachable:
         return failed(weather_text::serverError);

@@ -14,6 +14,7 @@
 #include "WeatherMetJson.h"
 #include "core/SystemTime.h"
 #include "net/WeatherTexts.h"
+#include "support/LocalHttpServer.h"
 #include "support/ShippedFiles.h"
 #include "support/TempDir.h"
 #include "support/UpdateHostFixture.h"
@@ -245,6 +246,30 @@ TEST(WeatherDirect, TheProviderOnTheConfiguredPortWithItsAnswerKeptInData) {
             EXPECT_EQ(met.requests().front().headers.at("user-agent"), "zonara/0.1 me@example.org");
             EXPECT_TRUE(fs::exists(client.paths.dataFile("metno-51.51_-0.13.cache")));
         }
+    }
+}
+
+TEST(WeatherStop, AStopEndsATransferInProgressInEitherMode) {
+    for (const bool direct : {false, true}) {
+        SCOPED_TRACE(direct ? "direct" : "hosts");
+        // Both the provider and the host take the request and then say nothing.
+        test::LocalHttpServer server;
+        server.route("/weatherapi/locationforecast/2.0/compact", test::script({{"", "never"}}));
+        server.route("/cgi-bin/hamweather/hw3.pl", test::script({{"", "never"}}));
+        Client client(server.port(), "127.0.0.1", "127.0.0.1");
+        if (direct) {
+            client.service.setup = chooseWeatherSetup("metno", "", "");
+            client.service.metnoUrl = "http://127.0.0.1/weatherapi/locationforecast/2.0/compact";
+        }
+        WeatherOutcome outcome;
+        std::jthread run([&](std::stop_token stop) { outcome = client.run("London%2C+GB", stop); });
+        for (int i = 0; i < 2000 && server.requests().empty(); ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        ASSERT_EQ(server.requests().size(), 1u);
+        run.request_stop();
+        run.join();
+        EXPECT_EQ(outcome.kind, Kind::Cancelled);
+        EXPECT_EQ(client.heading(), "Oslo, Norway");
     }
 }
 
