@@ -196,6 +196,7 @@ void CWeatherDlg::buildForecastPage(QWidget* page) {
     forecastScroll->setWidgetResizable(true);
     forecastScroll->setFrameShape(QFrame::NoFrame);
     forecastScroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    forecastScroll->setFocusPolicy(Qt::StrongFocus);
     const DialogTheme& theme = dialogTheme();
     forecastScroll->setStyleSheet(
         QStringLiteral("QScrollArea, QScrollArea > QWidget > QWidget { background: transparent; }"
@@ -225,6 +226,9 @@ bool CWeatherDlg::showsForecast() const {
 
 void CWeatherDlg::showPage(bool forecast) {
     pages->setCurrentIndex(forecast ? 1 : 0);
+    // The up and down keys scroll a forecast longer than the window.
+    if (forecast)
+        forecastScroll->setFocus();
     // The left key offers the other page.
     if (forecast)
         setLeftKey(translated(weather_text::showNow), cmd::ShowNow);
