@@ -34,6 +34,7 @@ inline constexpr int StartStop = 32800;
 inline constexpr int Reset = 32801;
 inline constexpr int AirportDelete = 32823;
 inline constexpr int AirportAdd = 32824;
+inline constexpr int Airports = 32825; // the city details open the airport list
 inline constexpr int ShowNow = 40207;
 inline constexpr int ShowForecast = 40208;
 inline constexpr int UpdateWeather = 40209;

@@ -127,7 +127,7 @@ TEST(CMainFrame, EveryCommandOfTheTableReachesItsHandler) {
         {cmd::Globe, "", "", 1},
         {cmd::FullClock, "", "", 0},
         {cmd::MultiClock, "", "", 2},
-        {cmd::CityDetails, "", "City Details"},
+        {cmd::CityDetails, "zonara::CCityDetails"},
         {cmd::WeatherUpdate, "", "Update"},
         {cmd::WeatherShowLast, "", "Show Last"},
         {cmd::CurrencyConversion, "", "Curreny Conversion"},

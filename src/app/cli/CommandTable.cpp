@@ -8,8 +8,8 @@ namespace zonara {
 
 // Each command's row lives in its own file (Cmd*.cpp).
 extern const Command nowCommand, timeCommand, citiesCommand, findCommand, slotCommand,
-    settingsCommand, skinsCommand, sunCommand, moonCommand, renderClockCommand, renderCommand,
-    helpCommand;
+    settingsCommand, skinsCommand, sunCommand, moonCommand, detailsCommand, airportsCommand,
+    renderClockCommand, renderCommand, helpCommand;
 
 namespace {
 
@@ -36,9 +36,9 @@ constexpr std::string_view generalUsage =
     "Commands:\n";
 
 constexpr std::array commands = {
-    &nowCommand,  &timeCommand,        &citiesCommand, &findCommand,
-    &slotCommand, &settingsCommand,    &skinsCommand,  &sunCommand,
-    &moonCommand, &renderClockCommand, &renderCommand, &helpCommand,
+    &nowCommand,      &timeCommand,        &citiesCommand, &findCommand, &slotCommand,
+    &settingsCommand, &skinsCommand,       &sunCommand,    &moonCommand, &detailsCommand,
+    &airportsCommand, &renderClockCommand, &renderCommand, &helpCommand,
 };
 
 } // namespace

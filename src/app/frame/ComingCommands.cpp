@@ -21,9 +21,6 @@ FrameResult notYet(FrameContext& ctx) {
 
 } // namespace
 
-FrameResult cityDetailsCommand(FrameContext& ctx) {
-    return notYet(ctx);
-}
 FrameResult weatherUpdateCommand(FrameContext& ctx) {
     return notYet(ctx);
 }
