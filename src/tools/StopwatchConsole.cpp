@@ -15,6 +15,7 @@ ConsoleAction consoleActionForKey(char key) {
         return ConsoleAction::Reset;
     case 'q':
     case 'Q':
+    case '\x03': // Ctrl-C, which raw mode delivers as a key
     case '\x1b': // Escape
     case '\x04': // Ctrl-D, which raw mode no longer turns into an end of input
         return ConsoleAction::Quit;
@@ -63,8 +64,9 @@ bool StopwatchConsole::apply(ConsoleAction action, std::uint32_t now) {
 }
 
 std::string StopwatchConsole::line() const {
-    std::string text = watch.text();
-    text += watch.running() ? "  running   Enter: stop " : "  stopped   Enter: start";
+    std::string text = watch.text() + "  ";
+    text += state();
+    text += watch.running() ? "   Enter: stop " : "   Enter: start";
     text += "  r: reset  q: quit";
     return text;
 }

@@ -12,7 +12,7 @@ namespace zonara {
 enum class ConsoleAction { None, StartStop, Reset, Quit };
 
 // A key pressed on a terminal in raw mode: Enter (or the blank) starts and
-// stops, r resets, q, Escape and Ctrl-D quit; the rest does nothing.
+// stops, r resets, q, Escape, Ctrl-C and Ctrl-D quit; the rest does nothing.
 ConsoleAction consoleActionForKey(char key);
 
 // A line read where there is no terminal: an empty line is Enter, "r" or
@@ -33,6 +33,8 @@ class StopwatchConsole {
     // over it with a carriage return leaves nothing behind:
     // "00:12.34  running   Enter: stop  r: reset  q: quit".
     std::string line() const;
+    // "running" or "stopped".
+    std::string_view state() const { return watch.running() ? "running" : "stopped"; }
 
   private:
     Stopwatch watch;

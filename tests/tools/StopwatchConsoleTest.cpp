@@ -10,9 +10,9 @@ namespace {
 TEST(StopwatchConsole, KeysAndLinesToActions) {
     using enum ConsoleAction;
     const std::pair<char, ConsoleAction> keys[] = {
-        {'\n', StartStop}, {'\r', StartStop}, {' ', StartStop}, {'r', Reset},
-        {'R', Reset},      {'q', Quit},       {'Q', Quit},      {'\x1b', Quit},
-        {'\x04', Quit},    {'x', None},       {'\t', None},     {'0', None},
+        {'\n', StartStop}, {'\r', StartStop}, {' ', StartStop}, {'r', Reset},   {'R', Reset},
+        {'q', Quit},       {'Q', Quit},       {'\x1b', Quit},   {'\x04', Quit}, {'\x03', Quit},
+        {'x', None},       {'\t', None},      {'0', None},
     };
     for (const auto& [key, action] : keys)
         EXPECT_EQ(consoleActionForKey(key), action) << int(key);
