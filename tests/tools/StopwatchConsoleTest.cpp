@@ -10,17 +10,14 @@ namespace {
 TEST(StopwatchConsole, KeysAndLinesToActions) {
     using enum ConsoleAction;
     const std::pair<char, ConsoleAction> keys[] = {
-        {'\n', StartStop}, {'\r', StartStop}, {' ', StartStop}, {'r', Reset},   {'R', Reset},
-        {'q', Quit},       {'Q', Quit},       {'\x1b', Quit},   {'\x04', Quit}, {'\x03', Quit},
-        {'x', None},       {'\t', None},      {'0', None},
+        {'\r', StartStop}, {'R', Reset}, {'q', Quit}, {'\x03', Quit}, {'\x04', Quit}, {'x', None},
     };
     for (const auto& [key, action] : keys)
         EXPECT_EQ(consoleActionForKey(key), action) << int(key);
 
     const std::pair<const char*, ConsoleAction> lines[] = {
-        {"", StartStop},    {"  \r", StartStop}, {"Start", StartStop}, {"stop", StartStop},
-        {"r", Reset},       {" RESET ", Reset},  {"q", Quit},          {"Quit", Quit},
-        {"quit now", None}, {"rr", None},        {"s", None},
+        {"  \r", StartStop}, {"Stop", StartStop}, {" RESET ", Reset},
+        {"q", Quit},         {"quit now", None},  {"rr", None},
     };
     for (const auto& [line, action] : lines)
         EXPECT_EQ(consoleActionForLine(line), action) << line;
