@@ -9,7 +9,7 @@ namespace zonara {
 // Each command's row lives in its own file (Cmd*.cpp).
 extern const Command nowCommand, timeCommand, citiesCommand, findCommand, slotCommand,
     settingsCommand, skinsCommand, sunCommand, moonCommand, detailsCommand, airportsCommand,
-    renderClockCommand, renderCommand, helpCommand;
+    renderClockCommand, renderCommand, calcCommand, convertCommand, stopwatchCommand, helpCommand;
 
 namespace {
 
@@ -36,9 +36,10 @@ constexpr std::string_view generalUsage =
     "Commands:\n";
 
 constexpr std::array commands = {
-    &nowCommand,      &timeCommand,        &citiesCommand, &findCommand, &slotCommand,
-    &settingsCommand, &skinsCommand,       &sunCommand,    &moonCommand, &detailsCommand,
-    &airportsCommand, &renderClockCommand, &renderCommand, &helpCommand,
+    &nowCommand,       &timeCommand,        &citiesCommand, &findCommand, &slotCommand,
+    &settingsCommand,  &skinsCommand,       &sunCommand,    &moonCommand, &detailsCommand,
+    &airportsCommand,  &renderClockCommand, &renderCommand, &calcCommand, &convertCommand,
+    &stopwatchCommand, &helpCommand,
 };
 
 } // namespace

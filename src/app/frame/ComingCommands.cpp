@@ -30,12 +30,6 @@ FrameResult weatherShowLastCommand(FrameContext& ctx) {
 FrameResult currencyCommand(FrameContext& ctx) {
     return notYet(ctx);
 }
-FrameResult metricCommand(FrameContext& ctx) {
-    return notYet(ctx);
-}
-FrameResult stopWatchCommand(FrameContext& ctx) {
-    return notYet(ctx);
-}
 FrameResult updateDataCommand(FrameContext& ctx) {
     return notYet(ctx);
 }
