@@ -41,7 +41,7 @@ void MetricConverter::pressKey(int index) {
 ConvertOutcome MetricConverter::convert() {
     if (!selected(fromUnit) || !selected(toUnit))
         return ConvertOutcome::NoSelection;
-    return convertValue(parseNumber(engine.DisplayText()));
+    return convertValue(atofValue(engine.DisplayText()));
 }
 
 ConvertOutcome MetricConverter::convertValue(double value) {
