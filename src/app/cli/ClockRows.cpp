@@ -1,30 +1,12 @@
-#include "app/ClockRows.h"
+#include "app/cli/ClockRows.h"
 
-#include <cstdio>
-
+#include "app/cli/TablePrinter.h"
+#include "core/LocalTime.h"
 #include "core/LocaleFormat.h"
 #include "core/ZoneTable.h"
 #include "core/ZoneTexts.h"
-#include "core/ZoneTime.h"
 
 namespace zonara {
-
-namespace {
-
-std::string isoDate(const ZoneTime& t) {
-    char text[16];
-    std::snprintf(text, sizeof text, "%04d-%02d-%02d", t.year % 10000, t.month % 100, t.day % 100);
-    return text;
-}
-
-std::string isoTime(const ZoneTime& t) {
-    char text[16];
-    std::snprintf(text, sizeof text, "%02d:%02d:%02d", t.hour % 100, t.minute % 100,
-                  t.second % 100);
-    return text;
-}
-
-} // namespace
 
 std::vector<std::string> clockRowHeader() {
     return {"Slot", "City", "Country", "Date", "Time", "Offset", "DST", "Zone"};
@@ -32,19 +14,15 @@ std::vector<std::string> clockRowHeader() {
 
 std::vector<std::string> clockRow(const ClockRowInput& input, const SystemTime& utc,
                                   const DstRuleList& rules, bool use24Hour, bool tsv) {
-    ZoneTime local;
-    local.setUtc(utc);
-    local.timeZoneIndex = input.timeZoneIndex;
-    local.dstRuleIndex = input.dstRuleIndex;
-    local.ApplyZone(rules);
+    const ZoneTime local = localTime(utc, input.timeZoneIndex, input.dstRuleIndex, rules);
     const ZoneRow& zone = zoneRow(input.timeZoneIndex);
 
     if (tsv) {
         return {input.slot,
                 input.city,
                 input.country,
-                isoDate(local),
-                isoTime(local),
+                isoDate(local.year, local.month, local.day),
+                isoTime(local.hour, local.minute, local.second),
                 std::to_string(local.weekday),
                 std::string(zone.offsetText),
                 std::to_string(local.dstState),

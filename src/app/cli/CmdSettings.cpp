@@ -1,10 +1,10 @@
 #include <array>
 #include <charconv>
-#include <filesystem>
-#include <ostream>
 
-#include "app/Commands.h"
-#include "app/WorldAccess.h"
+#include "app/cli/Command.h"
+#include "app/cli/CommandContext.h"
+#include "app/cli/CommonOptions.h"
+#include "app/cli/TablePrinter.h"
 #include "core/Settings.h"
 #include "core/Text.h"
 
@@ -104,34 +104,37 @@ void printSettings(const Settings& s, std::ostream& out, bool tsv) {
     table.print(out, tsv);
 }
 
-} // namespace
-
-int runSettings(CommandContext& ctx, Args& args) {
+Outcome runSettings(CommandContext& ctx, Args& args) {
     const std::vector<std::string> assignments = args.options("--set");
-    if (!expectNoMoreArgs(ctx, args, "settings", "use --set NAME=VALUE")) {
-        return 1;
+    if (Outcome done = expectNoWords(args, "use --set NAME=VALUE"); !done.ok()) {
+        return done;
     }
-    Settings settings;
-    const std::filesystem::path file = ctx.paths.dataFile(settingsFileName);
-    settings.Load(file);
+    Settings settings = ctx.loadSettings();
     if (!assignments.empty()) {
-        Settings changed = settings;
         for (const std::string& assignment : assignments) {
-            if (const std::string error = applySetting(changed, assignment); !error.empty()) {
-                ctx.err << "zonara settings: " << error << "; nothing changed\n";
-                return 1;
+            if (const std::string error = applySetting(settings, assignment); !error.empty()) {
+                return fail(error + "; nothing changed");
             }
         }
-        std::error_code ignored;
-        std::filesystem::create_directories(ctx.paths.dataDir(), ignored);
-        if (!changed.Save(file)) {
-            ctx.err << "zonara settings: cannot write '" << file.string() << "'; nothing changed\n";
-            return 1;
+        if (Outcome saved = ctx.saveSettings(settings); !saved.ok()) {
+            return saved;
         }
-        settings = changed;
     }
-    printSettings(settings, ctx.out, ctx.options.tsv);
-    return 0;
+    printSettings(settings, ctx.out, ctx.tsv());
+    return {};
 }
+
+} // namespace
+
+extern const Command settingsCommand{
+    .name = "settings",
+    .usage = "[--set NAME=VALUE]...",
+    .summary = "show or change the settings",
+    .help = "Shows the settings. Each --set changes one value and the settings are\n"
+            "saved; if any value is wrong nothing changes. Names and values:\n"
+            "  use24Hour=0|1  currentView=0|1|2 (full clock, globe, multi clock)\n"
+            "  selectedSlot=0..3  skinFile=NAME  useCelsius=0|1  useMillibar=0|1\n",
+    .run = runSettings,
+};
 
 } // namespace zonara
