@@ -130,7 +130,7 @@ TEST(CMainFrame, EveryCommandOfTheTableReachesItsHandler) {
         {cmd::CityDetails, "", "City Details"},
         {cmd::WeatherUpdate, "", "Update"},
         {cmd::WeatherShowLast, "", "Show Last"},
-        {cmd::CurrencyConversion, "", "Curreny Conversion"},
+        {cmd::CurrencyConversion, "zonara::CCurrencyCalc2Dlg"},
         {cmd::Metric, "", "Metric"},
         {cmd::StopWatch, "", "Stop Watch"},
         {cmd::FullClockSkin, "zonara::CSkinSetup"},

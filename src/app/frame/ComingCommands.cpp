@@ -30,9 +30,6 @@ FrameResult weatherUpdateCommand(FrameContext& ctx) {
 FrameResult weatherShowLastCommand(FrameContext& ctx) {
     return notYet(ctx);
 }
-FrameResult currencyCommand(FrameContext& ctx) {
-    return notYet(ctx);
-}
 FrameResult metricCommand(FrameContext& ctx) {
     return notYet(ctx);
 }
