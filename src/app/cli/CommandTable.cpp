@@ -9,7 +9,7 @@ namespace zonara {
 // Each command's row lives in its own file (Cmd*.cpp).
 extern const Command nowCommand, timeCommand, citiesCommand, findCommand, slotCommand,
     settingsCommand, skinsCommand, sunCommand, moonCommand, renderClockCommand, renderCommand,
-    helpCommand;
+    ratesCommand, currencyConversionCommand, helpCommand;
 
 namespace {
 
@@ -36,9 +36,20 @@ constexpr std::string_view generalUsage =
     "Commands:\n";
 
 constexpr std::array commands = {
-    &nowCommand,  &timeCommand,        &citiesCommand, &findCommand,
-    &slotCommand, &settingsCommand,    &skinsCommand,  &sunCommand,
-    &moonCommand, &renderClockCommand, &renderCommand, &helpCommand,
+    &nowCommand,
+    &timeCommand,
+    &citiesCommand,
+    &findCommand,
+    &slotCommand,
+    &settingsCommand,
+    &skinsCommand,
+    &sunCommand,
+    &moonCommand,
+    &renderClockCommand,
+    &renderCommand,
+    &ratesCommand,
+    &currencyConversionCommand,
+    &helpCommand,
 };
 
 } // namespace
