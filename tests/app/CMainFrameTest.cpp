@@ -130,7 +130,7 @@ TEST(CMainFrame, EveryCommandOfTheTableReachesItsHandler) {
         {cmd::CityDetails, "zonara::CCityDetails"},
         {cmd::WeatherUpdate, "", "Update"},
         {cmd::WeatherShowLast, "", "Show Last"},
-        {cmd::CurrencyConversion, "", "Curreny Conversion"},
+        {cmd::CurrencyConversion, "zonara::CCurrencyCalc2Dlg"},
         {cmd::Metric, "zonara::CMetricCalc2"},
         {cmd::StopWatch, "zonara::CStopWatch"},
         {cmd::FullClockSkin, "zonara::CSkinSetup"},

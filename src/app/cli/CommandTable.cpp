@@ -9,7 +9,8 @@ namespace zonara {
 // Each command's row lives in its own file (Cmd*.cpp).
 extern const Command nowCommand, timeCommand, citiesCommand, findCommand, slotCommand,
     settingsCommand, skinsCommand, sunCommand, moonCommand, detailsCommand, airportsCommand,
-    renderClockCommand, renderCommand, calcCommand, convertCommand, stopwatchCommand, helpCommand;
+    renderClockCommand, renderCommand, calcCommand, convertCommand, stopwatchCommand, ratesCommand,
+    currencyConversionCommand, helpCommand;
 
 namespace {
 
@@ -36,10 +37,13 @@ constexpr std::string_view generalUsage =
     "Commands:\n";
 
 constexpr std::array commands = {
-    &nowCommand,       &timeCommand,        &citiesCommand, &findCommand, &slotCommand,
-    &settingsCommand,  &skinsCommand,       &sunCommand,    &moonCommand, &detailsCommand,
-    &airportsCommand,  &renderClockCommand, &renderCommand, &calcCommand, &convertCommand,
-    &stopwatchCommand, &helpCommand,
+    &nowCommand,       &timeCommand,     &citiesCommand,
+    &findCommand,      &slotCommand,     &settingsCommand,
+    &skinsCommand,     &sunCommand,      &moonCommand,
+    &detailsCommand,   &airportsCommand, &renderClockCommand,
+    &renderCommand,    &calcCommand,     &convertCommand,
+    &stopwatchCommand, &ratesCommand,    &currencyConversionCommand,
+    &helpCommand,
 };
 
 } // namespace

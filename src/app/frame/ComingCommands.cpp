@@ -27,9 +27,6 @@ FrameResult weatherUpdateCommand(FrameContext& ctx) {
 FrameResult weatherShowLastCommand(FrameContext& ctx) {
     return notYet(ctx);
 }
-FrameResult currencyCommand(FrameContext& ctx) {
-    return notYet(ctx);
-}
 FrameResult updateDataCommand(FrameContext& ctx) {
     return notYet(ctx);
 }
