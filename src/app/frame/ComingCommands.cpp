@@ -21,12 +21,6 @@ FrameResult notYet(FrameContext& ctx) {
 
 } // namespace
 
-FrameResult weatherUpdateCommand(FrameContext& ctx) {
-    return notYet(ctx);
-}
-FrameResult weatherShowLastCommand(FrameContext& ctx) {
-    return notYet(ctx);
-}
 FrameResult updateDataCommand(FrameContext& ctx) {
     return notYet(ctx);
 }
