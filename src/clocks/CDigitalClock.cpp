@@ -89,15 +89,16 @@ void CDigitalClock::renderTo(QImage& target) const {
     paintFace(painter);
 }
 
-void CDigitalClock::paintEvent(QPaintEvent*) {
+void CDigitalClock::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    paintFace(painter);
+    paintFace(painter, event->region().boundingRect());
 }
 
-void CDigitalClock::paintFace(QPainter& painter) const {
+void CDigitalClock::paintFace(QPainter& painter, const QRect& area) const {
+    const QRect wanted = area.isNull() ? rect() : area;
     const DigitalClockColours& colours = clock.colours();
     if (clock.erasesBackground())
-        painter.fillRect(rect(), toQColor(colours.backFill));
+        painter.fillRect(wanted, toQColor(colours.backFill));
 
     const QBrush onBrush(toQColor(colours.fillOn));
     const QBrush offBrush(toQColor(colours.fillOff));
@@ -111,6 +112,9 @@ void CDigitalClock::paintFace(QPainter& painter) const {
         QPolygon polygon;
         for (const PixelPoint& p : segment.points)
             polygon << QPoint(p.x, p.y);
+        // A quiet tick redraws one or two digits: the others are not touched.
+        if (!polygon.boundingRect().adjusted(-1, -1, 1, 1).intersects(wanted))
+            continue;
         painter.drawPolygon(polygon);
     }
     painter.setBrush(onBrush);

@@ -32,7 +32,8 @@ class CDigitalClock : public QWidget {
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    void paintFace(QPainter& painter) const;
+    // Draws what lies in `area` (all of it when empty).
+    void paintFace(QPainter& painter, const QRect& area = QRect()) const;
 
     DigitalClock clock;
     QFont amPmFont;

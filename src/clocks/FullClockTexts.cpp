@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "core/LocalTime.h"
 #include "core/Text.h"
 #include "core/ZoneTable.h"
 #include "core/ZoneTexts.h"
@@ -31,11 +32,8 @@ FullClockTexts fullClockTexts(const ClockSlot& city, const SystemTime& utc,
                               const DstRuleList& rules, bool use24Hour,
                               const FullClockStyles& styles, const LocaleFormat& locale) {
     FullClockTexts result;
-    ZoneTime& local = result.local;
-    local.setUtc(utc);
-    local.timeZoneIndex = city.timeZoneIndex;
-    local.dstRuleIndex = city.dstRuleIndex;
-    local.ApplyZone(rules);
+    result.local = localTime(utc, city, rules);
+    const ZoneTime& local = result.local;
 
     const ZoneRow& zone = zoneRow(city.timeZoneIndex);
     auto& texts = result.texts;

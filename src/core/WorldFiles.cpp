@@ -140,11 +140,10 @@ bool loadDstRules(const Paths& paths, DstRuleList& list) {
     RecordCursor cursor;
     cursor.Attach(map.data(), map.size());
     while (!cursor.AtEnd()) {
-        DstRule rule;
-        rule.startText = textField(cursor);
-        rule.endText = textField(cursor);
+        std::string startText = textField(cursor);
+        std::string endText = textField(cursor);
         cursor.SkipLine();
-        list.push_back(std::move(rule));
+        list.emplace_back(std::move(startText), std::move(endText));
     }
     return true;
 }

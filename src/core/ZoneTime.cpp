@@ -1,7 +1,5 @@
 #include "core/ZoneTime.h"
 
-#include <array>
-
 #include "core/Calendar.h"
 #include "core/ClockSource.h"
 #include "core/ZoneTable.h"
@@ -9,50 +7,6 @@
 namespace zonara {
 
 namespace {
-
-constexpr std::array<std::string_view, 7> weekdayNames = {"Sun", "Mon", "Tue", "Wed",
-                                                          "Thu", "Fri", "Sat"};
-constexpr std::array<std::string_view, 12> monthNames = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
-                                                         "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-
-// Text past the end reads as nothing, so a short rule cannot read out of bounds.
-std::string_view piece(std::string_view text, std::size_t at, std::size_t length) {
-    return at < text.size() ? text.substr(at, length) : std::string_view();
-}
-
-// At most two characters; a non-digit ends the number.
-std::int32_t twoDigits(std::string_view text, std::size_t at) {
-    std::int32_t value = 0;
-    for (const char c : piece(text, at, 2)) {
-        if (c < '0' || c > '9') {
-            break;
-        }
-        value = value * 10 + (c - '0');
-    }
-    return value;
-}
-
-// Anything that is not a weekday's three letters counts as Sunday.
-std::int32_t weekdayAt(std::string_view text, std::size_t at) {
-    const std::string_view name = piece(text, at, 3);
-    for (std::size_t i = 0; i < weekdayNames.size(); ++i) {
-        if (name == weekdayNames[i]) {
-            return std::int32_t(i);
-        }
-    }
-    return 0;
-}
-
-// 0 for anything that is not a month's three letters.
-std::int32_t monthAt(std::string_view text, std::size_t at) {
-    const std::string_view name = piece(text, at, 3);
-    for (std::size_t i = 0; i < monthNames.size(); ++i) {
-        if (name == monthNames[i]) {
-            return std::int32_t(i + 1);
-        }
-    }
-    return 0;
-}
 
 std::int32_t comparisonKey(const ZoneTime& t) {
     return ((t.month * 100 + t.day) * 100 + t.hour) * 100 + t.minute;
@@ -138,46 +92,27 @@ void ZoneTime::SubtractMinutes(std::int32_t n) {
 }
 
 void ZoneTime::ResolveRule(std::string_view text, std::int32_t forYear) {
-    enum class Form { First, Last, Fixed };
+    ResolveRule(readRuleText(text), forYear);
+}
+
+void ZoneTime::ResolveRule(const RuleMoment& moment, std::int32_t forYear) {
+    using Form = RuleMoment::Form;
     year = forYear;
-    Form form = Form::Fixed;
-    std::size_t rest = 2;
-    std::int32_t ruleWeekday = 0;
-    if (piece(text, 0, 5) == "First") {
-        form = Form::First;
-        ruleWeekday = weekdayAt(text, 5);
-        rest = 8;
-    } else if (piece(text, 0, 4) == "Last") {
-        form = Form::Last;
-        ruleWeekday = weekdayAt(text, 4);
-        rest = 7;
+    month = moment.month;
+    hour = moment.hour;
+    minute = moment.minute;
+    if (moment.form == Form::Fixed || moment.after) {
+        day = moment.day;
     } else {
-        day = twoDigits(text, 0);
-    }
-
-    bool after = false;
-    if (form != Form::Fixed && piece(text, rest, 4) == "Afte") {
-        after = true;
-        day = twoDigits(text, rest + 5);
-        rest += 7;
-    }
-
-    month = monthAt(text, rest);
-    hour = twoDigits(text, rest + 4);
-    minute = text.size() > rest + 6 ? twoDigits(text, rest + 7) : 0;
-
-    if (!after && form == Form::Last) {
-        day = daysInMonth(month, year);
-    } else if (!after && form == Form::First) {
-        day = 1;
+        day = moment.form == Form::Last ? daysInMonth(month, year) : 1;
     }
     weekday = weekdayOf(year, month, day);
-    if (form == Form::Fixed) {
+    if (moment.form == Form::Fixed) {
         return;
     }
     // At most six steps; they may cross into the next or previous month.
-    while (weekday != ruleWeekday) {
-        if (form == Form::Last) {
+    while (weekday != moment.weekday) {
+        if (moment.form == Form::Last) {
             PreviousDay();
         } else {
             NextDay();
@@ -204,8 +139,8 @@ void ZoneTime::ApplyZone(const DstRuleList& rules) {
     const DstRule& rule = rules[std::size_t(dstRuleIndex) - 1];
     ZoneTime start = *this;
     ZoneTime end = *this;
-    start.ResolveRule(rule.startText, year);
-    end.ResolveRule(rule.endText, year);
+    start.ResolveRule(rule.start, year);
+    end.ResolveRule(rule.end, year);
 
     // Both bounds are inclusive and both are local standard time; only the
     // months decide whether the period spans the turn of the year.

@@ -35,6 +35,8 @@ struct ZoneTime {
     // Sets day, month, hour, minute and weekday to the moment a rule text
     // names in the given year.
     void ResolveRule(std::string_view text, std::int32_t forYear);
+    // The same for a text read before.
+    void ResolveRule(const RuleMoment& moment, std::int32_t forYear);
 
     // Turns this UTC time into local time by timeZoneIndex and dstRuleIndex,
     // and sets dstState.

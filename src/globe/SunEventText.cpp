@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "core/Calendar.h"
+#include "core/LocalTime.h"
 #include "core/SystemTime.h"
 
 namespace zonara {
@@ -36,12 +37,7 @@ std::optional<ZoneTime> sunEventLocalTime(const SunTime& ut, const ZoneTime& dat
     utc.hour = ut.hour;
     utc.minute = ut.minute;
     utc.second = ut.second;
-    ZoneTime local;
-    local.setUtc(utc);
-    local.timeZoneIndex = dateAndZone.timeZoneIndex;
-    local.dstRuleIndex = dateAndZone.dstRuleIndex;
-    local.ApplyZone(rules);
-    return local;
+    return localTime(utc, dateAndZone.timeZoneIndex, dateAndZone.dstRuleIndex, rules);
 }
 
 std::string sunEventText(const SunTime& ut, const ZoneTime& dateAndZone, const DstRuleList& rules,

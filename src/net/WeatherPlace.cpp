@@ -54,11 +54,11 @@ DstRuleList dstRules(const std::filesystem::path& file) {
     RecordCursor cursor;
     cursor.Attach(map.data(), map.size());
     while (!cursor.AtEnd()) {
-        DstRule rule;
-        rule.startText = field(cursor);
-        rule.endText = field(cursor);
+        std::string start = field(cursor);
+        std::string end = field(cursor);
         cursor.SkipLine();
-        rules.push_back(std::move(rule));
+        // The constructor reads the texts into the moments ApplyZone uses.
+        rules.emplace_back(std::move(start), std::move(end));
     }
     return rules;
 }

@@ -31,13 +31,15 @@ TEST(CmdFind, ListsMatchingCitiesOrSaysWhy) {
          ""},
         {{"--tsv", "find", "syd", "--limit", "2"}, 0, "Sydney\tAustralia\nSydney\tCanada\n", ""},
         {{"--tsv", "find", "new", "york"}, 0, "New York\tUnited States\n", ""},
+        {{"--tsv", "find", "NORTH-SYD"}, 0, "North Sydney\tCanada\n", ""},
         {{"find", "melb"}, 0, "City", ""},
         {{"find", "melb"}, 0, "Melbourne  Australia", ""},
         {{"find"}, 1, "", "give part of a city's name"},
         {{"find", "  "}, 1, "", "give part of a city's name"},
+        {{"find", "-"}, 1, "", "give part of a city's name"},
         {{"find", "syd", "--limit", "0"}, 1, "", "--limit takes a whole number"},
         {{"find", "syd", "--limit", "x2"}, 1, "", "--limit takes a whole number"},
-        {{"find", "atlantis"}, 1, "", "no city name contains 'atlantis'"},
+        {{"find", "atlantis"}, 1, "", "zonara find: no city name contains 'atlantis'"},
     };
     for (const Case& c : cases) {
         std::vector<std::string> words{"--root", root};

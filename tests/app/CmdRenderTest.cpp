@@ -169,8 +169,9 @@ TEST_F(CmdRenderTest, RefusesWhatItCannotDraw) {
         const char* message;
     };
     const Case cases[] = {
-        {{"render", "globe", "--out", o}, "full"},
-        {{"render", "full"}, "--out"},
+        {{"render", "sundial", "--out", o}, "say what to draw first: full"},
+        {{"render", "--out", o, "full"}, "say what to draw first"},
+        {{"render", "full"}, "--out FILE is required"},
         {{"render", "full", "--out", o, "--slot", "4"}, "--slot"},
         {{"render", "full", "--out", o, "--screen", "300x300"}, "300x300"},
         {{"render", "full", "--out", o, "--skin", "nosuch"}, "nosuch"},

@@ -28,7 +28,7 @@ TEST(CmdSun, PrintsSunriseAndSunsetInUtAndLocalTime) {
     auto r = runZonara({"--root", root, "--tsv", "sun", "London", "--date", "2006-06-21"});
     EXPECT_EQ(r.exitCode, 0) << r.err;
     EXPECT_EQ(r.out, "London\tUnited Kingdom\t2006-06-21\t03:42:55\t20:21:28\t04:42\t21:21\n");
-    r = runZonara({"--root", root, "--tsv", "sun", "Tromso", "--date=2006-06-21"});
+    r = runZonara({"--root", root, "--tsv", "sun", "tromso", "--date=2006-06-21"});
     EXPECT_EQ(r.out,
               "Tromso\tNorway\t2006-06-21\tUp all day\tUp all day\tUp all day\tUp all day\n");
     // Without --date the UTC date of --at counts; the readable form has a header.
@@ -42,15 +42,17 @@ TEST(CmdSun, PrintsSunriseAndSunsetInUtAndLocalTime) {
         const char* message;
     };
     // Finding the city is the shared finder's, tested with the time command.
-    const Case cases[] = {{{"London", "--date", "2006-02-30"}, "not a date"},
+    const Case cases[] = {{{"London", "--date", "2006-02-30"}, "--date wants a date as YYYY-MM-DD"},
+                          {{"London", "--date"}, "--date needs a value"},
                           {{}, "which city?"},
-                          {{"London", "Paris"}, "one city at a time"}};
+                          {{"London", "Paris"}, "no city named 'London Paris'"}};
     for (const Case& c : cases) {
         std::vector<std::string> words{"--root", root, "sun"};
         words.insert(words.end(), c.words.begin(), c.words.end());
         r = runZonara(words);
         EXPECT_EQ(r.exitCode, 1) << c.message;
         EXPECT_EQ(r.out, "");
+        EXPECT_EQ(r.err.rfind("zonara sun: ", 0), 0u) << r.err;
         EXPECT_NE(r.err.find(c.message), std::string::npos) << r.err;
     }
 }

@@ -30,6 +30,14 @@ City sampleCity(const std::string& name, int timeZoneIndex, int dstRuleIndex) {
     return c;
 }
 
+std::vector<City> sampleCities(const std::vector<std::string>& names) {
+    std::vector<City> cities;
+    for (const std::string& name : names) {
+        cities.push_back(sampleCity(name));
+    }
+    return cities;
+}
+
 Paths writeWorld(const std::filesystem::path& root,
                  const std::vector<std::pair<std::string, std::vector<City>>>& countries) {
     std::string countryText;

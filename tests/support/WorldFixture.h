@@ -19,6 +19,9 @@ std::string cityLine(int countryId, const City& city);
 // A city with every field set from its name; London-like zone and rule.
 City sampleCity(const std::string& name, int timeZoneIndex = 85, int dstRuleIndex = 1);
 
+// Sample cities with these names, in order.
+std::vector<City> sampleCities(const std::vector<std::string>& names);
+
 // Writes country40.dat (ids in order, exact offsets) and city40.dat under
 // root/Data for the countries and their cities, each country's cities in one
 // run; returns the paths.

@@ -1,0 +1,110 @@
+#include <array>
+#include <filesystem>
+#include <string>
+
+#include <QImage>
+#include <QString>
+
+#include "app/OffscreenApp.h"
+#include "app/cli/Command.h"
+#include "app/cli/CommandContext.h"
+#include "app/cli/CommonOptions.h"
+#include "app/cli/TablePrinter.h"
+#include "clocks/CClockDetails.h"
+#include "clocks/SkinFiles.h"
+#include "core/Text.h"
+
+namespace zonara {
+
+namespace {
+
+std::string screenText(const DeviceProfile& profile) {
+    return std::to_string(profile.width) + "x" + std::to_string(profile.height);
+}
+
+Outcome drawFullClock(CommandContext& ctx, Args& args) {
+    const Settings settings = ctx.loadSettings();
+    const Expected<std::filesystem::path> out = takeOut(args);
+    const Expected<std::size_t> slot = takeSlot(args, settings);
+    const std::optional<std::string> skinText = args.option("--skin");
+    if (Outcome done = expectNoWords(args); !done.ok()) {
+        return done;
+    }
+    if (!out) {
+        return out.error();
+    }
+    if (!slot) {
+        return slot.error();
+    }
+    const Expected<DeviceProfile> profile = ctx.profile();
+    if (!profile) {
+        return profile.error();
+    }
+    const std::string skin = skinText ? *skinText : toUtf8(settings.skinFile);
+    const std::filesystem::path scheme =
+        schemeFile(ctx.paths, skin, profile->width, profile->height);
+    if (!std::filesystem::is_regular_file(scheme)) {
+        return fail("no scheme for skin '" + skin + "' at " + scheme.string() +
+                    "; 'zonara skins' lists the skins for the screen");
+    }
+
+    OffscreenApp application;
+    if (!application.usable()) {
+        return fail("cannot draw: a non-widget Qt application is running");
+    }
+    CClockDetails view(ctx.paths, ctx.clock, *profile);
+    view.setRules(&ctx.world().rules());
+    view.setUse24Hour(settings.use24Hour != 0);
+    view.setCity(settings.slots[*slot]);
+    view.applySkin(skin);
+    const QImage image = view.renderImage();
+    if (!image.save(QString::fromStdString(out->string()), "PNG")) {
+        return fail("cannot write " + out->string());
+    }
+
+    const ZoneTime& local = view.localTime();
+    ctx.out << "full clock of " << toUtf8(settings.slots[*slot].cityName) << " at "
+            << isoTime(local.hour, local.minute, local.second) << " (slot " << *slot << ", skin "
+            << skin << ", " << screenText(*profile) << ") written to " << out->string() << "\n";
+    return {};
+}
+
+// What render can draw: each target takes the words after its name.
+struct RenderTarget {
+    std::string_view name;
+    Outcome (*draw)(CommandContext& ctx, Args& args);
+};
+
+constexpr std::array renderTargets = {
+    RenderTarget{"full", drawFullClock},
+};
+
+Outcome runRender(CommandContext& ctx, Args& args) {
+    const std::optional<std::string> what = args.firstWord();
+    for (const RenderTarget& target : renderTargets) {
+        if (what == target.name) {
+            return target.draw(ctx, args);
+        }
+    }
+    std::string names;
+    for (const RenderTarget& target : renderTargets) {
+        names += (names.empty() ? "" : ", ") + std::string(target.name);
+    }
+    return fail("say what to draw first: " + names);
+}
+
+} // namespace
+
+extern const Command renderCommand{
+    .name = "render",
+    .usage = "full --out FILE.png [--screen WxH] [--slot N] [--skin NAME]",
+    .summary = "draw the full clock view into a PNG",
+    .help = "Draws the full clock view offscreen exactly as the window shows it, at the\n"
+            "size of --screen (default 480x640; a known screen), with the skin's scheme\n"
+            "Graphics/NAME_WxH.xml (default: the settings' skin) and the city of clock\n"
+            "slot N (default: the selected slot) at the time of --at (default: now).\n"
+            "Times follow the settings' 24-hour setting.\n",
+    .run = runRender,
+};
+
+} // namespace zonara
