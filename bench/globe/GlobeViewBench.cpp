@@ -24,24 +24,34 @@ const Paths& picturesRoot() {
     return paths;
 }
 
+// A globe shown on the offscreen platform, shaded once, on a clock the benchmark moves.
+struct ShownGlobe {
+    SystemTime utc = *parseIsoUtc("2026-06-21T12:00:00Z");
+    Settings settings;
+    DstRuleList rules;
+    CGlobe view;
+
+    explicit ShownGlobe(const benchmark::State& state)
+        : view(ViewSetup{
+              picturesRoot(),
+              ClockSource::driven([this] { return utc; }, []() -> std::uint64_t { return 1000; }),
+              *deviceProfile(int(state.range(0)), int(state.range(1))),
+              {}}) {
+        view.show();
+        view.showSlots(settings, rules);
+        QCoreApplication::processEvents();
+    }
+};
+
 // One second of the shown globe as the window lives it: the tick (the strip's clock worked
 // out anew) and the paint that follows, which touches only the strip's face. Arguments: the
 // screen's width and height.
 void BM_GlobeTick(benchmark::State& state) {
     test::ensureQtApplication();
-    SystemTime utc = *parseIsoUtc("2026-06-21T12:00:00Z");
-    const ClockSource clock =
-        ClockSource::driven([&utc] { return utc; }, []() -> std::uint64_t { return 1000; });
-    CGlobe view(ViewSetup{
-        picturesRoot(), clock, *deviceProfile(int(state.range(0)), int(state.range(1))), {}});
-    view.show();
-    Settings settings;
-    const DstRuleList rules;
-    view.showSlots(settings, rules);
-    QCoreApplication::processEvents();
+    ShownGlobe globe(state);
     for (auto _ : state) {
-        utc.second = (utc.second + 1) % 60;
-        view.tick();
+        globe.utc.second = (globe.utc.second + 1) % 60;
+        globe.view.tick();
         QCoreApplication::processEvents();
     }
 }
@@ -51,19 +61,10 @@ BENCHMARK(BM_GlobeTick)->Args({480, 640})->Args({240, 320})->Unit(benchmark::kMi
 // painted. Arguments: the screen's width and height.
 void BM_GlobeReshade(benchmark::State& state) {
     test::ensureQtApplication();
-    SystemTime utc = *parseIsoUtc("2026-06-21T12:00:00Z");
-    const ClockSource clock =
-        ClockSource::driven([&utc] { return utc; }, []() -> std::uint64_t { return 1000; });
-    CGlobe view(ViewSetup{
-        picturesRoot(), clock, *deviceProfile(int(state.range(0)), int(state.range(1))), {}});
-    view.show();
-    Settings settings;
-    const DstRuleList rules;
-    view.showSlots(settings, rules);
-    QCoreApplication::processEvents();
+    ShownGlobe globe(state);
     for (auto _ : state) {
-        utc.minute = (utc.minute + 5) % 60;
-        view.Refresh(true);
+        globe.utc.minute = (globe.utc.minute + 5) % 60;
+        globe.view.Refresh(true);
         QCoreApplication::processEvents();
     }
 }

@@ -10,24 +10,18 @@
 #include "support/ShippedFiles.h"
 #include "support/TempDir.h"
 
+#include "support/SlotCity.h"
+
 namespace zonara {
 namespace {
-
-ClockSlot city(const char16_t* name, int zone, float longitude, float latitude) {
-    ClockSlot slot;
-    slot.cityName = name;
-    slot.timeZoneIndex = zone;
-    slot.dstRuleIndex = 0;
-    slot.longitude = longitude;
-    slot.latitude = latitude;
-    return slot;
-}
 
 // London, Tokyo, New York, Kolkata; Tokyo selected.
 Settings fourCities() {
     Settings s;
-    s.slots = {city(u"London", 85, -0.06f, 51.51f), city(u"Tokyo", 235, 139.69f, 35.69f),
-               city(u"New York", 35, -74.0f, 40.71f), city(u"Kolkata", 190, 88.36f, 22.57f)};
+    s.slots = {test::slotCity(u"London", 85, 0, -0.06f, 51.51f),
+               test::slotCity(u"Tokyo", 235, 0, 139.69f, 35.69f),
+               test::slotCity(u"New York", 35, 0, -74.0f, 40.71f),
+               test::slotCity(u"Kolkata", 190, 0, 88.36f, 22.57f)};
     s.selectedSlot = 1;
     return s;
 }

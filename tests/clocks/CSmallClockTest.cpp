@@ -5,21 +5,13 @@
 
 #include "controls/QImageSurface.h"
 
+#include "support/SlotCity.h"
+
 namespace zonara {
 namespace {
 
-ClockSlot city(const char16_t* name, int zone, float longitude, float latitude) {
-    ClockSlot slot;
-    slot.cityName = name;
-    slot.timeZoneIndex = zone;
-    slot.dstRuleIndex = 0;
-    slot.longitude = longitude;
-    slot.latitude = latitude;
-    return slot;
-}
-
-const ClockSlot london = city(u"London", 85, -0.06f, 51.51f);
-const ClockSlot tokyo = city(u"Tokyo", 235, 139.69f, 35.69f);
+const ClockSlot london = test::slotCity(u"London", 85, 0, -0.06f, 51.51f);
+const ClockSlot tokyo = test::slotCity(u"Tokyo", 235, 0, 139.69f, 35.69f);
 
 const QRgb faceGreen = qRgb(40, 160, 60);
 

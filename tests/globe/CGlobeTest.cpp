@@ -10,11 +10,13 @@
 #include "controls/QImageSurface.h"
 #include "globe/DayNight.h"
 #include "globe/GlobeDrawing.h"
+#include "support/PixelCount.h"
 #include "support/TempDir.h"
 
 namespace zonara {
 namespace {
 
+using test::countPixels;
 using test::TempDir;
 
 // Plain colours make every shaded and copied pixel predictable.
@@ -88,14 +90,6 @@ class CGlobeTest : public ::testing::Test {
         view->Show();
         view->showSlots(settings, rules);
         return view;
-    }
-
-    static int countColour(const QImage& image, const QRect& box, QRgb colour) {
-        int n = 0;
-        for (int y = box.top(); y <= box.bottom(); ++y)
-            for (int x = box.left(); x <= box.right(); ++x)
-                n += image.pixel(x, y) == colour;
-        return n;
     }
 
     TempDir root;
@@ -200,14 +194,14 @@ TEST_F(CGlobeTest, FirstPaintAfterShowingSaysItIsCalculating) {
     auto view = globe(480, 640);
     const QRect middle(0, 140, 480, 40); // the text's band in the middle of the map
     const QRgb white = qRgb(255, 255, 255);
-    EXPECT_GT(countColour(view->grab().toImage(), middle, white), 50);
-    EXPECT_EQ(countColour(view->grab().toImage(), middle, white), 0);
+    EXPECT_GT(countPixels(view->grab().toImage(), middle, white), 50);
+    EXPECT_EQ(countPixels(view->grab().toImage(), middle, white), 0);
     // Showing again brings it back once more.
     view->Hide();
     view->Show();
     view->showSlots(settings, rules);
-    EXPECT_GT(countColour(view->grab().toImage(), middle, white), 50);
-    EXPECT_EQ(countColour(view->grab().toImage(), middle, white), 0);
+    EXPECT_GT(countPixels(view->grab().toImage(), middle, white), 50);
+    EXPECT_EQ(countPixels(view->grab().toImage(), middle, white), 0);
 }
 
 TEST_F(CGlobeTest, ShadesAgainOnlyAfterFiveMinutesOfTicks) {
@@ -266,14 +260,14 @@ TEST_F(CGlobeTest, RenderShowsTheShadedMapMarkersAndStripAsTheWindowDoes) {
     const int scroll = view->model().scrollOffset();
     const QRgb key = qRgb(255, 165, 30);
     const QRect tokyo(240 - 4, mapRowOf(35.69f, 320) - 4, 9, 9);
-    EXPECT_EQ(countColour(drawn, tokyo, key), 72);
-    EXPECT_EQ(countColour(drawn, tokyo, markerMiddle), 9);
+    EXPECT_EQ(countPixels(drawn, tokyo, key), 72);
+    EXPECT_EQ(countPixels(drawn, tokyo, markerMiddle), 9);
     // Honolulu, west of the date line, comes after the wrap.
     const QRect honolulu(640 - scroll + mapColumnOf(-157.86f, 640) - 4, mapRowOf(21.31f, 320) - 4,
                          9, 9);
     ASSERT_TRUE(QRect(0, 0, 480, 320).contains(honolulu));
-    EXPECT_EQ(countColour(drawn, honolulu, key), 0);
-    EXPECT_EQ(countColour(drawn, honolulu, markerMiddle), 9);
+    EXPECT_EQ(countPixels(drawn, honolulu, key), 0);
+    EXPECT_EQ(countPixels(drawn, honolulu, markerMiddle), 9);
     // Below the map, the strip.
     EXPECT_EQ(drawn.copy(view->strip()->geometry()),
               view->strip()->grab().toImage().convertToFormat(QImage::Format_RGB32));

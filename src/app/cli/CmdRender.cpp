@@ -9,6 +9,7 @@
 #include "app/cli/Command.h"
 #include "app/cli/CommandContext.h"
 #include "app/cli/CommonOptions.h"
+#include "app/cli/RenderOutput.h"
 #include "app/cli/RenderViews.h"
 #include "app/cli/TablePrinter.h"
 #include "clocks/CClockDetails.h"
@@ -19,10 +20,6 @@ namespace zonara {
 
 namespace {
 
-std::string screenText(const DeviceProfile& profile) {
-    return std::to_string(profile.width) + "x" + std::to_string(profile.height);
-}
-
 Outcome drawFullClock(CommandContext& ctx, Args& args) {
     const Settings settings = ctx.loadSettings();
     const Expected<std::filesystem::path> out = takeOut(args);
@@ -31,15 +28,9 @@ Outcome drawFullClock(CommandContext& ctx, Args& args) {
     if (Outcome done = expectNoWords(args); !done.ok()) {
         return done;
     }
-    if (!out) {
-        return out.error();
-    }
-    if (!slot) {
-        return slot.error();
-    }
     const Expected<DeviceProfile> profile = ctx.profile();
-    if (!profile) {
-        return profile.error();
+    if (Outcome problem = firstError(out, slot, profile); !problem.ok()) {
+        return problem;
     }
     const std::string skin = skinText ? *skinText : toUtf8(settings.skinFile);
     const std::filesystem::path scheme =
@@ -50,17 +41,16 @@ Outcome drawFullClock(CommandContext& ctx, Args& args) {
     }
 
     OffscreenApp application;
-    if (!application.usable()) {
-        return fail("cannot draw: a non-widget Qt application is running");
+    if (Outcome problem = drawingProblem(application); !problem.ok()) {
+        return problem;
     }
     CClockDetails view(ctx.paths, ctx.clock, *profile);
     view.setRules(&ctx.world().rules());
     view.setUse24Hour(settings.use24Hour != 0);
     view.setCity(settings.slots[*slot]);
     view.applySkin(skin);
-    const QImage image = view.renderImage();
-    if (!image.save(QString::fromStdString(out->string()), "PNG")) {
-        return fail("cannot write " + out->string());
+    if (Outcome saved = savePng(view.renderImage(), *out); !saved.ok()) {
+        return saved;
     }
 
     const ZoneTime& local = view.localTime();

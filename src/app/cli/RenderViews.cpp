@@ -4,11 +4,11 @@
 #include <ostream>
 
 #include <QImage>
-#include <QString>
 
 #include "app/OffscreenApp.h"
 #include "app/cli/CommandContext.h"
 #include "app/cli/CommonOptions.h"
+#include "app/cli/RenderOutput.h"
 #include "app/cli/TablePrinter.h"
 #include "clocks/CMultiClock.h"
 #include "core/Text.h"
@@ -18,19 +18,8 @@ namespace zonara {
 
 namespace {
 
-std::string screenText(const DeviceProfile& profile) {
-    return std::to_string(profile.width) + "x" + std::to_string(profile.height);
-}
-
 std::string utcText(const SystemTime& utc) {
     return isoTime(utc.hour, utc.minute, utc.second) + " UTC";
-}
-
-Outcome savePng(const QImage& image, const std::filesystem::path& out) {
-    if (!image.save(QString::fromStdString(out.string()), "PNG")) {
-        return fail("cannot write " + out.string());
-    }
-    return {};
 }
 
 // --scroll N: the map column at the view's left edge.
@@ -58,22 +47,13 @@ Outcome drawGlobe(CommandContext& ctx, Args& args) {
     if (Outcome done = expectNoWords(args); !done.ok()) {
         return done;
     }
-    if (!out) {
-        return out.error();
-    }
-    if (!slot) {
-        return slot.error();
-    }
-    if (!scroll) {
-        return scroll.error();
-    }
     const Expected<DeviceProfile> profile = ctx.profile();
-    if (!profile) {
-        return profile.error();
+    if (Outcome problem = firstError(out, slot, scroll, profile); !problem.ok()) {
+        return problem;
     }
     OffscreenApp application;
-    if (!application.usable()) {
-        return fail("cannot draw: a non-widget Qt application is running");
+    if (Outcome problem = drawingProblem(application); !problem.ok()) {
+        return problem;
     }
 
     settings.selectedSlot = int(*slot);
@@ -115,16 +95,13 @@ Outcome drawMultiClock(CommandContext& ctx, Args& args) {
     if (Outcome done = expectNoWords(args); !done.ok()) {
         return done;
     }
-    if (!out) {
-        return out.error();
-    }
     const Expected<DeviceProfile> profile = ctx.profile();
-    if (!profile) {
-        return profile.error();
+    if (Outcome problem = firstError(out, profile); !problem.ok()) {
+        return problem;
     }
     OffscreenApp application;
-    if (!application.usable()) {
-        return fail("cannot draw: a non-widget Qt application is running");
+    if (Outcome problem = drawingProblem(application); !problem.ok()) {
+        return problem;
     }
     CMultiClock page(ViewSetup{ctx.paths, ctx.clock, *profile, {}});
     page.showSlots(settings, ctx.world().rules());
