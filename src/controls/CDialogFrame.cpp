@@ -66,10 +66,17 @@ CDialogFrame::CDialogFrame(const DeviceProfile& profile, const QString& title, Q
     layout->addLayout(statusRow);
     layout->addWidget(bar);
 
-    if (parent != nullptr)
+    if (parent != nullptr) {
         setGeometry(parent->window()->geometry());
-    else
-        resize(profile.width, profile.height + bar->sizeHint().height());
+    } else {
+        // The keys are still hidden here; the bar is as tall as it will be
+        // once they show, so the content keeps the profile's height.
+        const QMargins edges = bar->layout()->contentsMargins();
+        const int barHeight =
+            std::max(bar->sizeHint().height(),
+                     bar->menuButton()->sizeHint().height() + edges.top() + edges.bottom());
+        resize(profile.width, profile.height + barHeight);
+    }
 }
 
 void CDialogFrame::setLeftKey(const QString& text, int commandId) {
