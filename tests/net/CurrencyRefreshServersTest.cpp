@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "CurrencyTestDocuments.h"
 #include "net/CurrencyFiles.h"
 #include "net/CurrencyTransfer.h"
 #include "net/FetchFile.h"
@@ -24,22 +25,7 @@ using test::writeFile;
 constexpr const char* ratesPath = "/stats/eurofxref/eurofxref-daily.xml";
 constexpr const char* codesPath = "/etrades/unedocs/repository/codelists/xml/CurrencyCodeList.xml";
 
-// The central bank's daily file, as it is published.
-std::string ratesDocument(const std::string& cubes) {
-    return R"(<?xml version="1.0" encoding="UTF-8"?>
-<gesmes:Envelope xmlns:gesmes="http://www.gesmes.org/xml/2002-08-01" xmlns="http://www.ecb.int/vocabulary/2002-08-01/eurofxref">
-	<gesmes:subject>Reference rates</gesmes:subject>
-	<gesmes:Sender>
-		<gesmes:name>European Central Bank</gesmes:name>
-	</gesmes:Sender>
-	<Cube>
-		<Cube time='2025-03-17'>
-)" + cubes +
-           R"(		</Cube>
-	</Cube>
-</gesmes:Envelope>
-)";
-}
+using test::ratesDocument;
 
 const std::string bankRates = ratesDocument("\t\t\t<Cube currency='USD' rate='1.0844'/>\n"
                                             "\t\t\t<Cube currency='JPY' rate='160.5'/>\n"

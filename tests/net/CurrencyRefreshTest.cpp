@@ -13,6 +13,7 @@
 
 #include <gtest/gtest.h>
 
+#include "CurrencyTestDocuments.h"
 #include "net/CurrencyFiles.h"
 #include "net/CurrencyLastUpdate.h"
 #include "support/TempDir.h"
@@ -24,22 +25,7 @@ using test::readFile;
 using test::TempDir;
 using test::writeFile;
 
-// Documents in the shapes the two publishers use, namespaces included.
-std::string ratesDocument(std::string_view cubes) {
-    return std::string(R"(<?xml version="1.0" encoding="UTF-8"?>
-<gesmes:Envelope xmlns:gesmes="http://www.gesmes.org/xml/2002-08-01" xmlns="http://www.ecb.int/vocabulary/2002-08-01/eurofxref">
-	<gesmes:subject>Reference rates</gesmes:subject>
-	<gesmes:Sender>
-		<gesmes:name>European Central Bank</gesmes:name>
-	</gesmes:Sender>
-	<Cube>
-		<Cube time='2025-03-14'>
-)") + std::string(cubes) +
-           R"(		</Cube>
-	</Cube>
-</gesmes:Envelope>
-)";
-}
+using test::ratesDocument;
 
 const std::string goodRates = ratesDocument(R"(			<Cube currency='USD' rate='1.0844'/>
 			<Cube currency='JPY' rate='160.5'/>
