@@ -40,12 +40,7 @@ const CurrencyList stored = {u"3/14/2025 9:05 AM",
 const std::string ratesXml = test::ratesDocument("\t\t\t<Cube currency='USD' rate='1.25'/>\n"
                                                  "\t\t\t<Cube currency='CHF' rate='0.96'/>\n");
 
-const std::string codesXml = R"(<?xml version="1.0" encoding="UTF-8"?>
-<CurrencyCodeList>
-	<Currency><CurrencyCoded>USD</CurrencyCoded><CurrencyName>US Dollar</CurrencyName></Currency>
-	<Currency><CurrencyCoded>CHF</CurrencyCoded><CurrencyName>Swiss Franc</CurrencyName></Currency>
-</CurrencyCodeList>
-)";
+const std::string codesXml = test::codeListDocument({{"USD", "US Dollar"}, {"CHF", "Swiss Franc"}});
 
 // Runs the event loop until `done` holds, within a bounded number of rounds.
 bool waitFor(const std::function<bool()>& done) {

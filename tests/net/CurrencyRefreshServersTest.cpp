@@ -35,22 +35,8 @@ const std::string copiedRates = ratesDocument("\t\t\t<Cube currency='USD' rate='
                                               "\t\t\t<Cube currency='JPY' rate='150'/>\n");
 
 // The code list's publisher, with a name that the shipped list spells otherwise.
-const std::string publishedCodes = R"(<?xml version="1.0" encoding="UTF-8"?>
-<CurrencyCodeList xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance" xsi:noNamespaceSchemaLocation="CurrencyCodeList.xsd">
-	<Currency>
-		<CurrencyCoded>GBP</CurrencyCoded>
-		<CurrencyName>Pound Sterling</CurrencyName>
-	</Currency>
-	<Currency>
-		<CurrencyCoded>JPY</CurrencyCoded>
-		<CurrencyName>Yen</CurrencyName>
-	</Currency>
-	<Currency>
-		<CurrencyCoded>USD</CurrencyCoded>
-		<CurrencyName>United States Dollar</CurrencyName>
-	</Currency>
-</CurrencyCodeList>
-)";
+const std::string publishedCodes = test::codeListDocument(
+    {{"GBP", "Pound Sterling"}, {"JPY", "Yen"}, {"USD", "United States Dollar"}});
 
 const CurrencyList stored = {u"1/2/2025 10:00 AM",
                              {{u"Euro", u"EUR", -1.0f}, {u"Yen", u"JPY", 158.0f}}};

@@ -34,30 +34,12 @@ const std::string goodRates = ratesDocument(R"(			<Cube currency='USD' rate='1.0
 			<Cube currency='XYZ' rate='2'/>
 )");
 
-const std::string codeList = R"(<?xml version="1.0" encoding="UTF-8"?>
-<CurrencyCodeList xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance" xsi:noNamespaceSchemaLocation="CurrencyCodeList.xsd">
-	<Currency>
-		<CurrencyCoded>CHF</CurrencyCoded>
-		<CurrencyName>Swiss Franc</CurrencyName>
-	</Currency>
-	<Currency>
-		<CurrencyCoded>EUR</CurrencyCoded>
-		<CurrencyName>Euro</CurrencyName>
-	</Currency>
-	<Currency>
-		<CurrencyCoded>gbp</CurrencyCoded>
-		<CurrencyName>Pound Sterling</CurrencyName>
-	</Currency>
-	<Currency>
-		<CurrencyCoded>JPY</CurrencyCoded>
-		<CurrencyName>Yen</CurrencyName>
-	</Currency>
-	<Currency>
-		<CurrencyCoded>USD</CurrencyCoded>
-		<CurrencyName>US Dollar</CurrencyName>
-	</Currency>
-</CurrencyCodeList>
-)";
+// The lower-case "gbp" names GBP all the same.
+const std::string codeList = test::codeListDocument({{"CHF", "Swiss Franc"},
+                                                     {"EUR", "Euro"},
+                                                     {"gbp", "Pound Sterling"},
+                                                     {"JPY", "Yen"},
+                                                     {"USD", "US Dollar"}});
 
 constexpr std::string_view codesFirst = "http://codes.test/list.xml";
 constexpr std::string_view ratesFirst = "https://rates.test/daily.xml";
