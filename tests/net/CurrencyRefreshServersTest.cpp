@@ -234,24 +234,5 @@ TEST(CurrencyRefreshServers, EachDocumentFromTheFirstSourceThatAnswers) {
     }
 }
 
-TEST(CurrencyRefreshServers, OfflineAsksNoServer) {
-    test::LocalHttpServer server;
-    server.route(codesPath, test::reply(200, publishedCodes));
-    Config config;
-    config.network.offline = true;
-    config.network.httpPort = server.port();
-    config.currency.codes = std::string("http://127.0.0.1") + codesPath;
-    config.update.primary = "127.0.0.1";
-    test::TempDir root;
-    const Paths paths(root.path());
-    fs::create_directories(paths.dataDir());
-    CurrencyRefreshSetup setup = currencyRefreshSetup(paths, config, ClockSource::system());
-    std::vector<std::string> statuses;
-    setup.showStatus = [&](CurrencyStatus, const std::string& text) { statuses.push_back(text); };
-    EXPECT_EQ(RefreshRates(setup).result, CurrencyRefreshResult::UnableToConnect);
-    EXPECT_EQ(statuses, (std::vector<std::string>{"Dial Connection", "Unable to Connect"}));
-    EXPECT_TRUE(server.requests().empty());
-}
-
 } // namespace
 } // namespace zonara
