@@ -6,10 +6,27 @@
 
 namespace zonara {
 
-// Each command's row lives in its own file (Cmd*.cpp).
-extern const Command nowCommand, timeCommand, citiesCommand, findCommand, slotCommand,
-    settingsCommand, skinsCommand, sunCommand, moonCommand, renderClockCommand, renderCommand,
-    ratesCommand, currencyConversionCommand, helpCommand;
+// Each command's row lives in its own file (Cmd*.cpp); one line here each.
+extern const Command nowCommand;
+extern const Command timeCommand;
+extern const Command citiesCommand;
+extern const Command findCommand;
+extern const Command slotCommand;
+extern const Command settingsCommand;
+extern const Command skinsCommand;
+extern const Command sunCommand;
+extern const Command moonCommand;
+extern const Command detailsCommand;
+extern const Command airportsCommand;
+extern const Command renderClockCommand;
+extern const Command renderCommand;
+extern const Command calcCommand;
+extern const Command convertCommand;
+extern const Command stopwatchCommand;
+extern const Command ratesCommand;
+extern const Command currencyConversionCommand;
+extern const Command weatherCommand;
+extern const Command helpCommand;
 
 namespace {
 
@@ -36,6 +53,7 @@ constexpr std::string_view generalUsage =
     "Commands:\n";
 
 constexpr std::array commands = {
+    // clang-format off
     &nowCommand,
     &timeCommand,
     &citiesCommand,
@@ -45,11 +63,18 @@ constexpr std::array commands = {
     &skinsCommand,
     &sunCommand,
     &moonCommand,
+    &detailsCommand,
+    &airportsCommand,
     &renderClockCommand,
     &renderCommand,
+    &calcCommand,
+    &convertCommand,
+    &stopwatchCommand,
     &ratesCommand,
     &currencyConversionCommand,
+    &weatherCommand,
     &helpCommand,
+    // clang-format on
 };
 
 } // namespace

@@ -21,21 +21,6 @@ FrameResult notYet(FrameContext& ctx) {
 
 } // namespace
 
-FrameResult cityDetailsCommand(FrameContext& ctx) {
-    return notYet(ctx);
-}
-FrameResult weatherUpdateCommand(FrameContext& ctx) {
-    return notYet(ctx);
-}
-FrameResult weatherShowLastCommand(FrameContext& ctx) {
-    return notYet(ctx);
-}
-FrameResult metricCommand(FrameContext& ctx) {
-    return notYet(ctx);
-}
-FrameResult stopWatchCommand(FrameContext& ctx) {
-    return notYet(ctx);
-}
 FrameResult updateDataCommand(FrameContext& ctx) {
     return notYet(ctx);
 }
