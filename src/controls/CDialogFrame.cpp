@@ -39,6 +39,10 @@ CDialogFrame::CDialogFrame(const DeviceProfile& profile, const QString& title, Q
     setFont(themeFont(profile.dpi));
     setStyleSheet(dialogStyleSheet(profile.dpi));
     bar->setDpi(profile.dpi);
+    // The bar keeps the height it has with its keys when they are hidden, so
+    // the content keeps the profile's height.
+    const int barHeight = bar->sizeHint().height();
+    bar->setMinimumHeight(barHeight);
     bar->leftButton()->hide();
     // A dialog without menu commands shows no "Menu" key.
     bar->menuButton()->hide();
@@ -69,12 +73,6 @@ CDialogFrame::CDialogFrame(const DeviceProfile& profile, const QString& title, Q
     if (parent != nullptr) {
         setGeometry(parent->window()->geometry());
     } else {
-        // The keys are still hidden here; the bar is as tall as it will be
-        // once they show, so the content keeps the profile's height.
-        const QMargins edges = bar->layout()->contentsMargins();
-        const int barHeight =
-            std::max(bar->sizeHint().height(),
-                     bar->menuButton()->sizeHint().height() + edges.top() + edges.bottom());
         resize(profile.width, profile.height + barHeight);
     }
 }
