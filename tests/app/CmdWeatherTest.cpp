@@ -137,36 +137,16 @@ TEST(CmdWeather, RefreshFetchesForTheSlotOrPrintsTheLastReportAndTheError) {
         const char16_t* savedCity;
         const char* asked; // the key the host was asked for, if it was
     };
+    const char* oslo = "City        Oslo, Norway";
+    const char* london = "City        London, United Kingdom";
+    // clang-format off
     const Row rows[] = {
-        {"selected slot", true, "", {}, 0, "City        Oslo, Norway", "", u"Oslo", "Oslo%2C+NO"},
-        {"slot 0",
-         true,
-         "",
-         {"--slot", "0"},
-         0,
-         "City        Oslo, Norway",
-         "",
-         u"London",
-         "London%2C+GB"},
-        {"no report",
-         false,
-         "",
-         {},
-         1,
-         "City        London, United Kingdom",
-         "zonara weather: No weather available for city\n",
-         u"",
-         "Oslo%2C+NO"},
-        {"offline",
-         true,
-         "offline=true\n",
-         {},
-         1,
-         "City        London, United Kingdom",
-         "zonara weather: Unable to Connect\n",
-         u"",
-         ""},
+        {"selected slot", true,  "",              {},              0, oslo,   "",                                                u"Oslo",   "Oslo%2C+NO"},
+        {"slot 0",        true,  "",              {"--slot", "0"}, 0, oslo,   "",                                                u"London", "London%2C+GB"},
+        {"no report",     false, "",              {},              1, london, "zonara weather: No weather available for city\n", u"",       "Oslo%2C+NO"},
+        {"offline",       true,  "offline=true\n", {},              1, london, "zonara weather: Unable to Connect\n",             u"",       ""},
     };
+    // clang-format on
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
         WeatherRoot w;
