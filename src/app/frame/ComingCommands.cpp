@@ -39,8 +39,5 @@ FrameResult metricCommand(FrameContext& ctx) {
 FrameResult stopWatchCommand(FrameContext& ctx) {
     return notYet(ctx);
 }
-FrameResult updateDataCommand(FrameContext& ctx) {
-    return notYet(ctx);
-}
 
 } // namespace zonara
