@@ -9,7 +9,7 @@ namespace zonara {
 // Each command's row lives in its own file (Cmd*.cpp).
 extern const Command nowCommand, timeCommand, citiesCommand, findCommand, slotCommand,
     settingsCommand, skinsCommand, sunCommand, moonCommand, renderClockCommand, renderCommand,
-    helpCommand;
+    updateDataCommand, fetchCommand, helpCommand;
 
 namespace {
 
@@ -36,9 +36,9 @@ constexpr std::string_view generalUsage =
     "Commands:\n";
 
 constexpr std::array commands = {
-    &nowCommand,  &timeCommand,        &citiesCommand, &findCommand,
-    &slotCommand, &settingsCommand,    &skinsCommand,  &sunCommand,
-    &moonCommand, &renderClockCommand, &renderCommand, &helpCommand,
+    &nowCommand,      &timeCommand,       &citiesCommand, &findCommand, &slotCommand,
+    &settingsCommand, &skinsCommand,      &sunCommand,    &moonCommand, &renderClockCommand,
+    &renderCommand,   &updateDataCommand, &fetchCommand,  &helpCommand,
 };
 
 } // namespace
