@@ -76,7 +76,7 @@ TEST(CUpdateDlg, OpensIdleWithItsTextsAndKeys) {
     const Paths paths = installSmallWorld(root.path());
     CUpdateDlg dialog(paths, Config{}, profile);
     EXPECT_EQ(dialog.windowTitle(), "Update Data");
-    EXPECT_EQ(dialog.statusText(), "Press'Update' to start");
+    EXPECT_EQ(dialog.statusText().toStdString(), "Press'Update' to start");
     EXPECT_EQ(dialog.descriptionText(),
               "Updates the internal data files with the latest data from the server.");
     EXPECT_EQ(dialog.softKeys()->leftButton()->text(), "Done");
@@ -93,7 +93,7 @@ TEST(CUpdateDlg, OpensIdleWithItsTextsAndKeys) {
     // Without an update host the run ends at once, and nothing is installed.
     dialog.runCommand(cmd::Update);
     ASSERT_TRUE(runEnds(dialog));
-    EXPECT_EQ(dialog.statusText(), "Unable to Connect");
+    EXPECT_EQ(dialog.statusText().toStdString(), "Unable to Connect");
     EXPECT_FALSE(dialog.dataInstalled());
     EXPECT_FALSE(dialog.iconTimer().isActive());
 }
@@ -110,7 +110,7 @@ TEST(CUpdateDlg, InstallsFromTheUpdateHostThenFindsNoNewData) {
     EXPECT_TRUE(dialog.iconTimer().isActive());
     EXPECT_EQ(dialog.iconTimer().interval(), 500);
     ASSERT_TRUE(runEnds(dialog));
-    EXPECT_EQ(dialog.statusText(), "Finished");
+    EXPECT_EQ(dialog.statusText().toStdString(), "Finished");
     EXPECT_TRUE(dialog.dataInstalled());
     for (const UpdateFile& file : updateFiles)
         EXPECT_EQ(readFile(paths.dataFile(file.installed)),
@@ -128,7 +128,7 @@ TEST(CUpdateDlg, InstallsFromTheUpdateHostThenFindsNoNewData) {
     // files were installed.
     dialog.runCommand(cmd::Update);
     ASSERT_TRUE(runEnds(dialog));
-    EXPECT_EQ(dialog.statusText(), "No new data");
+    EXPECT_EQ(dialog.statusText().toStdString(), "No new data");
     EXPECT_TRUE(dialog.dataInstalled());
 }
 
@@ -143,9 +143,11 @@ TEST(CUpdateDlg, UpdateIsIgnoredWhileARunGoesOnAndTheIconBlinks) {
     CUpdateDlg dialog(paths, configFor(server.port()), profile);
 
     dialog.runCommand(cmd::Update);
-    ASSERT_TRUE(test::processEventsUntil(
-        [&] { return requestsFor(server, "/zonara/version40.dat") == 1; }));
-    EXPECT_EQ(dialog.statusText(), "Checking for new data");
+    // The request has arrived and the dialog has heard of it.
+    ASSERT_TRUE(test::processEventsUntil([&] {
+        return requestsFor(server, "/zonara/version40.dat") == 1 &&
+               dialog.statusText() == "Checking for new data";
+    })) << dialog.statusText().toStdString();
     int flips = 0;
     bool seen = dialog.iconLit();
     ASSERT_TRUE(test::processEventsUntil([&] {
@@ -160,7 +162,7 @@ TEST(CUpdateDlg, UpdateIsIgnoredWhileARunGoesOnAndTheIconBlinks) {
 
     server.openGate("version");
     ASSERT_TRUE(runEnds(dialog));
-    EXPECT_EQ(dialog.statusText(), "No new data");
+    EXPECT_EQ(dialog.statusText().toStdString(), "No new data");
     EXPECT_EQ(requestsFor(server, "/zonara/version40.dat"), 1u);
     EXPECT_FALSE(dialog.iconLit());
 
@@ -201,7 +203,7 @@ TEST(CUpdateDlg, EndingDuringARunStopsItAndLeavesTheInstalledFilesWhole) {
         ASSERT_TRUE(test::processEventsUntil([&] {
             return dialog.progressBar()->maximum() == 4464 && dialog.progressBar()->value() == 3000;
         }));
-        EXPECT_EQ(dialog.statusText(), "Download City Data");
+        EXPECT_EQ(dialog.statusText().toStdString(), "Download City Data");
         ASSERT_FALSE(temporaries(paths).empty());
 
         dialog.runCommand(row.command);
