@@ -13,6 +13,7 @@ from pathlib import Path
 sys.path.insert(0, str(Path(__file__).resolve().parent))
 
 from worlddata import sources, writers  # noqa: E402
+from worlddata.areacodes import AreaCodeError  # noqa: E402
 from worlddata.build import build  # noqa: E402
 from worlddata.check import check_against_polygons  # noqa: E402
 from worlddata.main_airports import CuratedAirportError  # noqa: E402
@@ -31,7 +32,7 @@ def main():
 
     try:
         world = build()
-    except (CuratedAirportError, CuratedNameError, PolygonError) as error:
+    except (AreaCodeError, CuratedAirportError, CuratedNameError, PolygonError) as error:
         sys.exit(f"generate-world-data: {error}")
     country_file, city_file = writers.world_files(world.ordered)
     rule_file = writers.rule_file(world.rules)

@@ -1,23 +1,34 @@
 #!/usr/bin/env bash
 # Publishes the update host's static tree: the three world files under
-# zonara/ and their version stamp, plus any extra files at the top.
+# zonara/ and their version stamp, the currency code list as
+# /CurrencyCodeList.xml, a copy of the euro reference rates as
+# /eurofxref-daily.xml when one is given, plus any extra files at the top.
 #
-#   publish-update-tree.sh [--data DIR] [--add FILE]... OUT
+#   publish-update-tree.sh [--data DIR] [--codes FILE] [--rates FILE] [--add FILE]... OUT
 #
-# --data DIR  the world files to publish (default: the repository's data/)
-# --add FILE  also publish FILE at the top of the tree under its own name
-#             (the currency code list, the euro reference rates)
+# --data DIR    the world files to publish (default: the repository's data/)
+# --codes FILE  the currency code list (default: data/sources/CurrencyCodeList.xml,
+#               made from iso-codes by make-currency-code-list.py)
+# --rates FILE  a copy of the central bank's eurofxref-daily.xml (default: none)
+# --add FILE    also publish FILE at the top of the tree under its own name
 # Prints the published stamp.
 set -euo pipefail
 
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 data="$here/../data"
+codes="$here/../data/sources/CurrencyCodeList.xml"
+rates=""
 extras=()
-usage() { echo "usage: $0 [--data DIR] [--add FILE]... OUT" >&2; exit 2; }
+usage() {
+    echo "usage: $0 [--data DIR] [--codes FILE] [--rates FILE] [--add FILE]... OUT" >&2
+    exit 2
+}
 
 while [ $# -gt 0 ]; do
     case "$1" in
         --data) [ $# -ge 2 ] || usage; data=$2; shift 2 ;;
+        --codes) [ $# -ge 2 ] || usage; codes=$2; shift 2 ;;
+        --rates) [ $# -ge 2 ] || usage; rates=$2; shift 2 ;;
         --add) [ $# -ge 2 ] || usage; extras+=("$2"); shift 2 ;;
         -h|--help) usage ;;
         -*) usage ;;
@@ -31,8 +42,8 @@ files=(country40.dat city40.dat daylight40.dat) # the stamp's order
 for f in "${files[@]}"; do
     [ -s "$data/$f" ] || { echo "$0: $data/$f is missing or empty" >&2; exit 1; }
 done
-for f in "${extras[@]}"; do
-    [ -f "$f" ] || { echo "$0: $f is missing" >&2; exit 1; }
+for f in "$codes" ${rates:+"$rates"} "${extras[@]}"; do
+    [ -s "$f" ] || { echo "$0: $f is missing or empty" >&2; exit 1; }
 done
 
 mkdir -p "$out/zonara"
@@ -72,6 +83,11 @@ for f in "${files[@]}"; do
 done
 printf '%s\r\n' "$stamp" > "$out/zonara/version40.dat.publishing"
 mv -f "$out/zonara/version40.dat.publishing" "$out/zonara/version40.dat"
+# The second sources of a currency rates refresh, at the paths clients ask for.
+publish "$codes" "$out/CurrencyCodeList.xml"
+if [ -n "$rates" ]; then
+    publish "$rates" "$out/eurofxref-daily.xml"
+fi
 for f in "${extras[@]}"; do
     publish "$f" "$out/$(basename "$f")"
 done

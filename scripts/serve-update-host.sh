@@ -6,8 +6,11 @@
 #   serve-update-host.sh PORT DIR
 #
 # The weather gateway: $ZONARA_WEATHER_GATEWAY, else zonara-weather-gateway
-# from PATH. Configuration, logs, sockets and cache live in a temporary
-# folder ($ZONARA_HOST_RUN_DIR when set, kept then) removed at the end.
+# from PATH. It finds cities in DIR/zonara/ and asks $ZONARA_METNO_URL (empty:
+# MET Norway's locationforecast), naming $ZONARA_CONTACT in its User-Agent;
+# $ZONARA_AT fixes its "now" (tests). Configuration, logs, sockets and caches
+# live in a temporary folder ($ZONARA_HOST_RUN_DIR when set, kept then)
+# removed at the end.
 set -euo pipefail
 
 usage() { echo "usage: $0 PORT DIR" >&2; exit 2; }
@@ -47,11 +50,20 @@ if [ "$(id -u)" -eq 0 ]; then
 fi
 
 escape() { printf '%s' "$1" | sed -e 's/[\\&|]/\\&/g'; }
+# A value inside an nginx string in double quotes (nginx would read a "$" in
+# it as a variable, so the values must not hold one).
+quoted() { escape "$(printf '%s' "$1" | sed -e 's/["\\]/\\&/g')"; }
+mkdir -p "$run/gateway-cache"
 sed -e "s|@USER@|$(escape "$user_line")|" \
     -e "s|@RUN@|$(escape "$run")|g" \
     -e "s|@PORT@|$port|g" \
     -e "s|@ROOT@|$(escape "$tree")|g" \
     -e "s|@GATEWAY@|$(escape "$gateway")|g" \
+    -e "s|@WORLD@|$(quoted "$tree/zonara")|g" \
+    -e "s|@METNO_URL@|$(quoted "${ZONARA_METNO_URL:-}")|g" \
+    -e "s|@CONTACT@|$(quoted "${ZONARA_CONTACT:-}")|g" \
+    -e "s|@CACHE@|$(quoted "$run/gateway-cache")|g" \
+    -e "s|@AT@|$(quoted "${ZONARA_AT:-}")|g" \
     "$template" > "$run/nginx.conf"
 
 pids=()

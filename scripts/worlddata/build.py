@@ -52,6 +52,14 @@ def cities_by_reason(cities):
     return dict(collections.Counter(r for c in cities for r in c.reasons))
 
 
+# Countries whose numbers are dialled under another country's code than the
+# one countries-list gives: ISO code -> (dialling code, why).
+DIALLED_AS = {
+    "VA": ("39", "Vatican City's numbers are in Italy's plan under Rome's 06 (+39 06 698 ...); "
+                 "the code 379 set aside for it is not in use"),
+}
+
+
 def dial_codes(countries):
     """ISO code -> (country dialling code, area code shared by the whole
     country): the plan's own code; a North American country's three-digit
@@ -59,6 +67,9 @@ def dial_codes(countries):
     used = collections.Counter(p for info in countries.values() for p in info["phone"])
     result = {}
     for code, info in countries.items():
+        if code in DIALLED_AS:
+            result[code] = (DIALLED_AS[code][0], "")
+            continue
         phones = [str(p) for p in info["phone"]]
         own = [p for p in phones if used[int(p)] == 1] or phones
         phone = own[0]
@@ -153,11 +164,8 @@ def build():
         city.airport = airport["iata"] if airport else ""
         city.dial, city.area = dials[p.country]
         if not city.area:
-            # Other names only where the data qualifies every town by its state:
-            # elsewhere an alternate name is often a region's (Quezon City's "Quezon").
-            known_as = [p.name, city.name] + (p.alternates if city.dial == "1" else [])
-            if (p.country, city.name) in areacodes.GEOCODING_NAMES:
-                known_as.append(areacodes.GEOCODING_NAMES[(p.country, city.name)])
+            known_as = areacodes.names_to_try(p.country, city.name, p.name, p.alternates,
+                                              city.dial)
             state = p.admin1 if p.country == "US" else ""
             city.area = area_codes.lookup(city.dial, p.country, known_as, state) or \
                 areacodes.region_code(p.country, city.name, p.admin1, p.admin2)
@@ -195,6 +203,11 @@ def build():
             near = [n for n in near if n[0] <= AREA_NEIGHBOUR_KM]
             if near:
                 city.area = min(near)[2]
+
+    with_codes = collections.defaultdict(bool)
+    for city in cities:
+        with_codes[city.country] |= bool(city.area)
+    areacodes.check_without_codes(with_codes)
 
     # Rule 1 is the United Kingdom's, the default clock's; the rest in order of use.
     grouped = collections.defaultdict(list)

@@ -2,17 +2,13 @@
 
 import collections
 
-from .areacodes import CITY_CODES, REGION_CODES
-from .cities import HALF_MILLION, SKIPPED_PLACES
+from .areacodes import CITY_CODES, GEOCODING_NAMES, NO_AREA_CODES, REGION_CODES
+from .build import DIALLED_AS
+from .cities import HALF_MILLION, SKIPPED_PLACES, sort_key
 from .main_airports import CLOSED_TO_PASSENGERS, MAIN_AIRPORTS, STATION_EXCEPTIONS
 from .names import ENGLISH, KEEP_WHOLE, REGIONS
 from .polygons import CLOCKS_READ, OVERLAPS
 from .sources import DEBIAN_PACKAGES, GEO_TZ, NPM_PACKAGES, fold
-
-
-# Countries with area codes that no data set reachable here names.
-WITH_AREA_CODES = {"Cambodia", "Eritrea", "Laos", "Uzbekistan", "Liberia", "Malawi",
-                   "South Sudan"}
 
 
 def _percent(part, whole):
@@ -24,7 +20,8 @@ def readme(world, check, tzdata, geonames_date):
     cities = [c for _, group in ordered for c in group]
     reasons = world.reasons
     with_area = sum(1 for c in cities if c.area)
-    without_codes = sorted(name for name, group in ordered if not any(c.area for c in group))
+    without_codes = {group[0].country: name for name, group in ordered
+                     if not any(c.area for c in group)}
     matched = check.instants - check.wrong
     lines = [
         "# Sources of the world files",
@@ -147,13 +144,15 @@ def readme(world, check, tzdata, geonames_date):
         "## Area codes left empty",
         "",
         f"- {len(cities) - with_area} cities have none.",
-        "- Countries and territories without any area code: " + ", ".join(without_codes) + ".",
-        "- Of these, " + ", ".join(n for n in without_codes if n in WITH_AREA_CODES)
-        + " do have area codes that no data set reachable here names; the others have "
-        "closed numbering plans (no area codes: the whole national number is dialled "
-        "everywhere) or share a plan whose codes are the country code itself (the French "
-        "overseas departments, Kazakhstan's and Russia's regions where the data name none), "
-        "as far as the maintainers know.",
+        f"- {len(without_codes)} countries and territories have no area code at all, by why "
+        "(as far as the maintainers know; from `NO_AREA_CODES` in "
+        "`scripts/worlddata/areacodes.py`, and the generator stops when a country without "
+        "codes has no reason there or a listed one has a code):",
+    ]
+    for why, codes in NO_AREA_CODES.values():
+        where = sorted((without_codes[c] for c in codes if c in without_codes), key=sort_key)
+        lines.append(f"  - {why}: {', '.join(where)}.")
+    lines += [
         "- In countries with geocoding data, a city stays empty where the data names only "
         "regions (much of Mexico, Russia and India) and no named city lies within 40 km.",
         "",
@@ -192,17 +191,27 @@ def _field_lines():
         + "; ".join(f"{name} {code} ({why})" for (_, name), (code, why) in
                     sorted(STATION_EXCEPTIONS.items(), key=lambda item: fold(item[0][1]))) + ".",
         "- Dialling code: countries-list; a North American Numbering Plan country's "
-        "three-digit code (1 876 Jamaica) is split into 1 and the area code.",
+        "three-digit code (1 876 Jamaica) is split into 1 and the area code. Dialled under "
+        "another code than countries-list's: "
+        + "; ".join(f"{code} {dial} ({why})" for code, (dial, why) in sorted(DIALLED_AS.items()))
+        + ".",
         "- Area code: the shortest libphonenumber geocoding prefix whose place is the city; "
         "in the North American plan the lowest whole area code naming the city, else the code "
         "of most of its exchanges; a place named as a province stands for its capital. Brazil's "
-        "codes have two digits and Australia's and New Zealand's one, whatever the prefix's "
-        "length; Argentina's 1 is Buenos Aires' 11; Bern is the data's Berne, Pretoria its Tshwane. A city that the geocoding does not name "
+        "codes have two digits and Australia's (Christmas Island's and the Cocos Islands' too) "
+        "and New Zealand's one, whatever the prefix's length; Argentina's 1 is Buenos Aires' "
+        "11. Where the geocoding names a city's numbers otherwise, that name is looked up "
+        "first (a territory in a larger country's plan as a whole): "
+        + ", ".join(f"{city} → {other}" for (_, city), other in
+                    sorted(GEOCODING_NAMES.items(), key=lambda item: fold(item[0][1])))
+        + ". A city that the geocoding does not name "
         "takes the code of the nearest named city within 40 km. Empty where neither gives one: "
         "the country has no area codes, the data names only regions there, or no data exists "
         "(listed below). Where a country's numbers begin with a region's digit after the "
         "country code and no geocoding names the towns (Paris 1, Kuala Lumpur 3, La Paz 2, "
-        "Quito 2, Manila 2, Baghdad 1, Kathmandu 1), that digit is the area code: "
+        "Quito 2, Manila 2, Baghdad 1, Kathmandu 1; a territory's code in a plan whose "
+        "geocoding does not name it: Åland's 18 in Finland's, Norfolk Island's 3 in 672), "
+        "that digit is the area code: "
         + ", ".join(sorted(REGION_CODES)) + " by region (France by department), and "
         + ", ".join(f"{name} {code}" for (_, name), code in sorted(CITY_CODES.items()))
         + " by town.",

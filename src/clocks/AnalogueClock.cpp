@@ -33,6 +33,8 @@ std::uint8_t blendComponent(std::uint8_t background, std::uint8_t line, unsigned
 // under it, its inverse when the line is lighter.
 void blendAt(PixelSurface& surface, int x, int y, ColorRef colour, double lineGrey,
              unsigned weight) {
+    if (!surface.writable(x, y))
+        return;
     const ColorRef under = surface.getPixel(x, y);
     const unsigned k = lineGrey < greyValue(under) ? weight : weight ^ 255u;
     surface.setPixel(x, y, blendPixel(under, colour, k));

@@ -3,6 +3,7 @@
 
 #include <QImage>
 #include <QPoint>
+#include <QRegion>
 #include <QWidget>
 
 #include "clocks/AnalogueClock.h"
@@ -25,13 +26,13 @@ class CAnalogueClock : public QWidget {
     // Repaints only the hands' old and new areas, and nothing when the time
     // is the one shown.
     void setTime(int hour, int minute, int second);
-    // Where the hands lie now, with a pixel around them for the blend.
-    QRect handsArea();
+    // Where the hands lie now, with the pixels round them the blend reaches.
+    QRegion handsArea();
     void hideSeconds(bool hide);
 
     // Draws background and hands into the off-screen buffer and returns it;
     // with an area, only that part is drawn again and the rest kept.
-    const QImage& render(const QRect& area = QRect());
+    const QImage& render(const QRegion& area = QRegion());
 
   protected:
     void resizeEvent(QResizeEvent* event) override;

@@ -106,21 +106,23 @@ void CDigitalClock::paintFace(QPainter& painter, const QRect& area) const {
     const QPen offPen(toQColor(colours.borderOff), 1);
 
     const DigitalClockFace face = clock.face(width(), height());
+    QPolygon polygon;
     for (const SegmentShape& segment : face.segments) {
-        painter.setBrush(segment.lit ? onBrush : offBrush);
-        painter.setPen(segment.lit ? onPen : offPen);
-        QPolygon polygon;
+        polygon.clear();
         for (const PixelPoint& p : segment.points)
             polygon << QPoint(p.x, p.y);
         // A quiet tick redraws one or two digits: the others are not touched.
         if (!polygon.boundingRect().adjusted(-1, -1, 1, 1).intersects(wanted))
             continue;
+        painter.setBrush(segment.lit ? onBrush : offBrush);
+        painter.setPen(segment.lit ? onPen : offPen);
         painter.drawPolygon(polygon);
     }
     painter.setBrush(onBrush);
     painter.setPen(onPen);
     for (const ColonDot& dot : face.dots)
-        painter.drawEllipse(toQRect(dot.bounds()));
+        if (toQRect(dot.bounds()).adjusted(-1, -1, 1, 1).intersects(wanted))
+            painter.drawEllipse(toQRect(dot.bounds()));
 
     if (face.texts.empty())
         return;
@@ -130,6 +132,8 @@ void CDigitalClock::paintFace(QPainter& painter, const QRect& area) const {
     painter.setBackground(toQColor(colours.backFill));
     for (const AmPmText& text : face.texts) {
         const QRect box = toQRect(text.rect);
+        if (!box.intersects(wanted))
+            continue;
         painter.setPen(toQColor(text.lit ? colours.fillOn : colours.fillOff));
         // The text is cut at its box, as a narrow handheld face would fit it.
         painter.setClipRect(box);

@@ -1,6 +1,7 @@
 #include "clocks/CSkinSetup.h"
 
 #include <QAction>
+#include <QEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QPixmap>
@@ -40,6 +41,7 @@ CSkinSetup::CSkinSetup(const Paths& paths, const DeviceProfile& profile,
     previewLabel = new QLabel(this);
     previewLabel->setAlignment(Qt::AlignCenter);
     previewLabel->setMinimumSize(1, 1);
+    previewLabel->installEventFilter(this);
 
     setLeftKey(tr("Done"), cmd::Done);
     done = softKeys()->leftButton();
@@ -85,9 +87,11 @@ void CSkinSetup::scalePreview() {
         preview.scaled(previewLabel->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation)));
 }
 
-void CSkinSetup::resizeEvent(QResizeEvent* event) {
-    CDialogFrame::resizeEvent(event);
-    scalePreview();
+bool CSkinSetup::eventFilter(QObject* watched, QEvent* event) {
+    // The preview fills its label whatever size the layout gives it.
+    if (watched == previewLabel && event->type() == QEvent::Resize)
+        scalePreview();
+    return CDialogFrame::eventFilter(watched, event);
 }
 
 } // namespace zonara

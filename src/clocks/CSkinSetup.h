@@ -42,7 +42,7 @@ class CSkinSetup : public CDialogFrame {
     QAction* cancelAction() const { return cancel; }
 
   protected:
-    void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void showPreview();

@@ -40,6 +40,8 @@ CDialogFrame::CDialogFrame(const DeviceProfile& profile, const QString& title, Q
     setStyleSheet(dialogStyleSheet(profile.dpi));
     bar->setDpi(profile.dpi);
     bar->leftButton()->hide();
+    // A dialog without menu commands shows no "Menu" key.
+    bar->menuButton()->hide();
     connect(bar->leftButton(), &QPushButton::clicked, this, [this] { runCommand(leftCommand); });
 
     const int icon = 14 * std::max(profile.dpi, 96) / 96;
@@ -79,6 +81,7 @@ void CDialogFrame::setLeftKey(const QString& text, int commandId) {
 }
 
 QAction* CDialogFrame::addMenuCommand(const QString& text, int commandId) {
+    bar->menuButton()->show();
     QAction* item = bar->menu()->addAction(text);
     item->setData(commandId);
     connect(item, &QAction::triggered, this, [this, commandId] { runCommand(commandId); });

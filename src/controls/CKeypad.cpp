@@ -11,6 +11,8 @@ namespace zonara {
 
 namespace {
 
+constexpr int minimumDisplayPixels = 8;
+
 // The worded faces, where the translations find them.
 constexpr const char* translatedFaces[] = {
     QT_TRANSLATE_NOOP("CKeypad", "CON"),  QT_TRANSLATE_NOOP("CKeypad", "MC"),
@@ -171,12 +173,18 @@ void CKeypad::paintEvent(QPaintEvent*) {
     painter.fillRect(display, QColor(232, 240, 224));
     painter.setPen(QColor(60, 60, 60));
     painter.drawRect(display.adjusted(0, 0, -1, -1));
+    const QRect line = display.adjusted(2, 0, -2, 0);
     QFont displayFont = font();
-    displayFont.setPixelSize(geometry.displayPixels);
+    // A long number gets a smaller face rather than lose its first digits;
+    // one too long for the smallest keeps its last digits in view.
+    for (int size = geometry.displayPixels; size >= minimumDisplayPixels; --size) {
+        displayFont.setPixelSize(size);
+        if (QFontMetrics(displayFont).horizontalAdvance(shown) <= line.width())
+            break;
+    }
     painter.setFont(displayFont);
     painter.setPen(Qt::black);
-    // A long number keeps its last digits in view.
-    painter.drawText(display.adjusted(2, 0, -2, 0), Qt::AlignRight | Qt::AlignVCenter, shown);
+    painter.drawText(line, Qt::AlignRight | Qt::AlignVCenter, shown);
 
     painter.setRenderHint(QPainter::Antialiasing);
     for (int i = 0; i < keypadKeyCount; ++i)

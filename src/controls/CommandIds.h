@@ -34,9 +34,14 @@ inline constexpr int StartStop = 32800;
 inline constexpr int Reset = 32801;
 inline constexpr int AirportDelete = 32823;
 inline constexpr int AirportAdd = 32824;
+inline constexpr int Airports = 32825; // the city details open the airport list
+inline constexpr int MetricCategory = 32840; // the first of the unit converter's ten, in menu order
 inline constexpr int ShowNow = 40207;
 inline constexpr int ShowForecast = 40208;
 inline constexpr int UpdateWeather = 40209;
+// The weather window's two display choices.
+inline constexpr int UseCelsius = 40322;
+inline constexpr int UseMillibar = 40323;
 
 // Ids the frame accepts and does nothing with: items of the handheld's menu
 // that no longer lead anywhere.

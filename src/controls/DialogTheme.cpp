@@ -34,6 +34,7 @@ void paintDialogBackground(QPainter& painter, const QRect& area) {
 QString dialogStyleSheet(int dpi) {
     const DialogTheme& t = dialogTheme();
     const int pad = std::max(2, 3 * dpi / 96);
+    const int bar = std::max(6, 8 * dpi / 96);
     const int radius = std::max(2, 3 * dpi / 96);
     return QStringLiteral(
                "QLabel { color: %1; background: transparent; }"
@@ -52,11 +53,18 @@ QString dialogStyleSheet(int dpi) {
                "QProgressBar { color: %1; background: %4; border: 1px solid %5;"
                " border-radius: %7px; text-align: center; }"
                "QProgressBar::chunk { background: %3; }"
-               "QRadioButton, QCheckBox { color: %1; background: transparent; }")
+               "QRadioButton, QCheckBox { color: %1; background: transparent; }"
+               "QScrollBar:vertical { background: %4; width: %9px; margin: 0; border: none; }"
+               "QScrollBar:horizontal { background: %4; height: %9px; margin: 0; border: none; }"
+               "QScrollBar::handle { background: %5; border-radius: %7px; min-height: 12px;"
+               " min-width: 12px; }"
+               "QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }"
+               "QScrollBar::add-page, QScrollBar::sub-page { background: none; }")
         .arg(t.text.name(), t.dimText.name(), t.accent.name(), t.field.name(), t.fieldBorder.name())
         .arg(pad)
         .arg(radius)
-        .arg(t.selection.name());
+        .arg(t.selection.name())
+        .arg(bar);
 }
 
 } // namespace zonara

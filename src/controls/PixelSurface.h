@@ -36,6 +36,9 @@ class PixelSurface {
     virtual void setPixel(int x, int y, ColorRef colour) = 0;
 
     bool contains(int x, int y) const { return x >= 0 && y >= 0 && x < width() && y < height(); }
+    // Whether a write here lands; a pass may skip the work for a pixel that
+    // would not.
+    virtual bool writable(int x, int y) const { return contains(x, y); }
 };
 
 // A plain buffer of colour references, row by row.

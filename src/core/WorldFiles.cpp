@@ -132,10 +132,15 @@ void loadCities(const Paths& paths, Country& country, bool search) {
 }
 
 bool loadDstRules(const Paths& paths, DstRuleList& list) {
-    list.clear();
+    list = readDstRules(paths.dataFile(daylightFileName));
+    return true;
+}
+
+DstRuleList readDstRules(const std::filesystem::path& file) {
+    DstRuleList list;
     CFileMap map;
-    if (!map.Open(paths.dataFile(daylightFileName))) {
-        return true;
+    if (!map.Open(file)) {
+        return list;
     }
     RecordCursor cursor;
     cursor.Attach(map.data(), map.size());
@@ -145,7 +150,7 @@ bool loadDstRules(const Paths& paths, DstRuleList& list) {
         cursor.SkipLine();
         list.emplace_back(std::move(startText), std::move(endText));
     }
-    return true;
+    return list;
 }
 
 const Country* countryAt(const CountryList& list, std::size_t i) {

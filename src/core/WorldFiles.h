@@ -16,6 +16,8 @@ bool loadCountries(const Paths& paths, CountryList& list, bool reload);
 // by scanning the city file from the start for the first line of its id.
 void loadCities(const Paths& paths, Country& country, bool search);
 bool loadDstRules(const Paths& paths, DstRuleList& list);
+// The rules of a daylight-saving file anywhere; none when it does not open.
+DstRuleList readDstRules(const std::filesystem::path& file);
 
 const Country* countryAt(const CountryList& list, std::size_t i);
 const City* cityAt(const Country& country, std::size_t i);

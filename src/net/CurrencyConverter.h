@@ -12,8 +12,7 @@
 namespace zonara {
 
 // What the converter says instead of a last-update line while it has no currencies.
-inline constexpr std::string_view noRatesDialogHint =
-    "No currency rates yet. Press Update to download the euro reference rates.";
+inline constexpr std::string_view noRatesDialogHint = "No rates yet: choose Update in the Menu.";
 inline constexpr std::string_view noRatesCommandHint =
     "No currency rates stored yet. Run 'zonara rates --refresh' to download the euro "
     "reference rates.";

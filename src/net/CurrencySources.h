@@ -5,13 +5,9 @@
 #include <string>
 #include <string_view>
 
-namespace zonara {
+#include "net/Config.h"
 
-// The code list's publisher and the central bank's daily file.
-inline constexpr std::string_view defaultCurrencyCodesUrl =
-    "https://www.unece.org/etrades/unedocs/repository/codelists/xml/CurrencyCodeList.xml";
-inline constexpr std::string_view defaultCurrencyRatesUrl =
-    "https://www.ecb.europa.eu/stats/eurofxref/eurofxref-daily.xml";
+namespace zonara {
 
 // Paths of the same documents on the update host.
 inline constexpr std::string_view updateHostCodesPath = "/CurrencyCodeList.xml";
@@ -22,8 +18,9 @@ inline constexpr std::string_view currencyCodesCopyName = "ZNCurrCode.xml";
 inline constexpr std::string_view currencyRatesCopyName = "ZNrate.xml";
 
 struct CurrencySources {
-    std::string codesUrl{defaultCurrencyCodesUrl}; // [currency] codes
-    std::string ratesUrl{defaultCurrencyRatesUrl}; // [currency] rates
+    // By default the code list's publisher and the central bank's daily file.
+    std::string codesUrl = CurrencyConfig{}.codes; // [currency] codes
+    std::string ratesUrl = CurrencyConfig{}.rates; // [currency] rates
     std::string updateHost;                        // [update] primary; empty: none
 
     // The second sources, on the update host; empty when no host is set.

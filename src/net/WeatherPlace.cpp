@@ -46,23 +46,6 @@ std::map<std::int32_t, std::string> countryNames(const std::filesystem::path& fi
     return names;
 }
 
-DstRuleList dstRules(const std::filesystem::path& file) {
-    DstRuleList rules;
-    CFileMap map;
-    if (!map.Open(file))
-        return rules;
-    RecordCursor cursor;
-    cursor.Attach(map.data(), map.size());
-    while (!cursor.AtEnd()) {
-        DstRule rule;
-        rule.startText = field(cursor);
-        rule.endText = field(cursor);
-        cursor.SkipLine();
-        rules.push_back(std::move(rule));
-    }
-    return rules;
-}
-
 struct CityLine {
     std::int32_t countryId = 0;
     std::string name;
@@ -172,7 +155,7 @@ std::optional<WeatherPlace> findWeatherPlace(const std::filesystem::path& worldF
         place.latitude = city.latitude;
         place.longitude = city.longitude;
         place.utcOffsetMinutes = zoneOffset(city.timeZoneIndex, city.dstRuleIndex,
-                                            dstRules(worldFolder / daylightFileName));
+                                            readDstRules(worldFolder / daylightFileName));
         return place;
     }
     return std::nullopt;

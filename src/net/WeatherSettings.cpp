@@ -33,6 +33,13 @@ WeatherJob weatherJobFor(const ClockSlot& slot, DstRuleList rules) {
     return job;
 }
 
+std::string storedWeatherLocation(const Settings& settings) {
+    std::string text = toUtf8(settings.weatherCity);
+    if (!text.empty() && !settings.weatherCountry.empty())
+        text += ", ";
+    return text + toUtf8(settings.weatherCountry);
+}
+
 void rememberWeatherLocation(Settings& settings, const ClockSlot& slot) {
     settings.weatherQuery = slot.weatherQuery;
     settings.weatherCity = slot.cityName;

@@ -21,6 +21,10 @@ const ClockSlot& weatherSlotOf(const Settings& settings);
 // "City, Country", coordinates, and local time by its zone and rule.
 WeatherJob weatherJobFor(const ClockSlot& slot, DstRuleList rules);
 
+// "City, Country" of the stored report's location, as the settings keep it;
+// empty when none was stored.
+std::string storedWeatherLocation(const Settings& settings);
+
 // After a report was stored: the location the stored report is for, in the
 // settings' weather query, city and country.
 void rememberWeatherLocation(Settings& settings, const ClockSlot& slot);

@@ -64,6 +64,11 @@ std::size_t onHeader(char* data, std::size_t size, std::size_t count, void* user
     return size * count;
 }
 
+// Called by libcurl while a transfer runs; a non-zero answer aborts it.
+int onProgress(void* user, curl_off_t, curl_off_t, curl_off_t, curl_off_t) {
+    return static_cast<const std::stop_token*>(user)->stop_requested() ? 1 : 0;
+}
+
 struct EasyDeleter {
     void operator()(CURL* handle) const { curl_easy_cleanup(handle); }
 };
@@ -106,9 +111,16 @@ UpstreamAnswer CurlWeatherUpstream::get(const UpstreamRequest& request) {
     curl_easy_setopt(h, CURLOPT_WRITEDATA, &transfer);
     curl_easy_setopt(h, CURLOPT_HEADERFUNCTION, onHeader);
     curl_easy_setopt(h, CURLOPT_HEADERDATA, &transfer);
+    if (stop.stop_possible()) {
+        curl_easy_setopt(h, CURLOPT_NOPROGRESS, 0L);
+        curl_easy_setopt(h, CURLOPT_XFERINFOFUNCTION, onProgress);
+        curl_easy_setopt(h, CURLOPT_XFERINFODATA, &stop);
+    }
     const CURLcode result = curl_easy_perform(h);
     if (result != CURLE_OK) {
-        answer.error = transfer.tooLong ? "answer too long" : curl_easy_strerror(result);
+        answer.error = transfer.tooLong                      ? "answer too long"
+                       : result == CURLE_ABORTED_BY_CALLBACK ? "stopped"
+                                                             : curl_easy_strerror(result);
         return answer;
     }
     answer.answered = true;

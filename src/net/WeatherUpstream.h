@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <stop_token>
 #include <string>
 #include <string_view>
 
@@ -30,11 +31,13 @@ class WeatherUpstream {
 };
 
 // HTTP and HTTPS with libcurl; the URL's own port is used unless a port is
-// given. Bodies beyond maxBody bytes fail the transfer.
+// given. Bodies beyond maxBody bytes fail the transfer, and so does a stop
+// request while one runs.
 class CurlWeatherUpstream final : public WeatherUpstream {
   public:
-    explicit CurlWeatherUpstream(long timeoutSeconds = 30, std::optional<long> port = std::nullopt)
-        : timeoutSeconds(timeoutSeconds), port(port) {}
+    explicit CurlWeatherUpstream(long timeoutSeconds = 30, std::optional<long> port = std::nullopt,
+                                 std::stop_token stop = {})
+        : timeoutSeconds(timeoutSeconds), port(port), stop(std::move(stop)) {}
     UpstreamAnswer get(const UpstreamRequest& request) override;
 
     static constexpr std::size_t maxBody = 4 * 1024 * 1024;
@@ -42,6 +45,7 @@ class CurlWeatherUpstream final : public WeatherUpstream {
   private:
     long timeoutSeconds;
     std::optional<long> port;
+    std::stop_token stop;
 };
 
 // An HTTP date ("Sun, 06 Nov 1994 08:49:37 GMT" and the older forms) as

@@ -1,6 +1,7 @@
 #include "net/WeatherWorker.h"
 
 #include "core/FileWriter.h"
+#include "net/TransferTarget.h"
 #include "net/WeatherMetNoSource.h"
 #include "net/WeatherTexts.h"
 #include "net/WeatherTranslation.h"
@@ -52,15 +53,20 @@ void say(const WeatherRun& run, std::string_view text) {
 Fetch fetchFromHosts(const WeatherRun& run, const WeatherJob& job, std::stop_token stop) {
     WeatherTransport& transport = *run.transport;
     const std::string hosts[2] = {run.setup.primaryHost, run.setup.fallbackHost};
+    // With no host at all there is nothing to connect to, as for the data
+    // update; one missing host is an attempt that cannot open.
+    if (hosts[0].empty() && hosts[1].empty())
+        return failed(weather_text::unableToConnect);
     for (int attempt = 0; attempt < 2; ++attempt) {
         const bool last = attempt == 1;
         transport.close();
         if (stop.stop_requested())
             return cancelled();
-        if (!transport.ensureConnection())
+        const bool named = !hosts[attempt].empty();
+        if (named && !transport.ensureConnection(hosts[attempt]))
             return failed(weather_text::unableToConnect);
         say(run, weather_text::connecting);
-        if (!transport.open(hosts[attempt])) {
+        if (!named || !transport.open(hosts[attempt])) {
             if (last)
                 return failed(weather_text::serverError);
             continue;
@@ -71,6 +77,9 @@ Fetch fetchFromHosts(const WeatherRun& run, const WeatherJob& job, std::stop_tok
         std::optional<std::string> body = transport.get(weatherPath(attempt, job.queryKey));
         if (body && isWeatherReport(*body))
             return {WeatherOutcome::Kind::Stored, {}, std::move(*body)};
+        // A read that a stop aborted is no answer of the host's.
+        if (stop.stop_requested())
+            return cancelled();
         if (last)
             return failed(weather_text::noWeather);
     }
@@ -78,15 +87,20 @@ Fetch fetchFromHosts(const WeatherRun& run, const WeatherJob& job, std::stop_tok
 }
 
 Fetch fetchDirect(const WeatherRun& run, const WeatherJob& job, std::stop_token stop) {
-    if (run.transport && !run.transport->ensureConnection())
-        return failed(weather_text::unableToConnect);
+    if (!run.direct)
+        return failed(weather_text::serverError);
+    if (run.transport) {
+        const std::optional<TransferTarget> provider = crackUrl(run.direct->urlFor(job.place));
+        if (!provider || !run.transport->ensureConnection(provider->host))
+            return failed(weather_text::unableToConnect);
+    }
     if (stop.stop_requested())
         return cancelled();
     say(run, weather_text::connecting);
-    if (!run.direct)
-        return failed(weather_text::serverError);
     say(run, weather_text::gettingWeather);
     MetNoResult result = run.direct->reportFor(job.place);
+    if (stop.stop_requested())
+        return cancelled();
     switch (result.status) {
     case MetNoResult::Status::Unreachable:
         return failed(weather_text::serverError);

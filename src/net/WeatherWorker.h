@@ -20,7 +20,8 @@ class MetNoReportSource;
 class WeatherTransport {
   public:
     virtual ~WeatherTransport() = default;
-    virtual bool ensureConnection() = 0;
+    // Before each attempt, for the host it is about to use.
+    virtual bool ensureConnection(const std::string& host) = 0;
     virtual bool open(const std::string& host) = 0;
     // The body when the page was read (status 200), else nothing.
     virtual std::optional<std::string> get(const std::string& path) = 0;

@@ -32,7 +32,7 @@ char lowered(char c) {
 
 } // namespace
 
-double parseNumber(std::string_view text) {
+double atofValue(std::string_view text) {
     std::size_t at = 0;
     while (at < text.size() && isBlank(text[at]))
         ++at;
@@ -133,7 +133,7 @@ void CCalculator::Key(int index) {
 void CCalculator::Append(std::string_view text) {
     if (startNew) {
         display.clear();
-    } else if (display != "0." && parseNumber(display) == 0) {
+    } else if (display != "0." && atofValue(display) == 0) {
         // Drops a leading zero, and with it "0.0", "00" and the like.
         display.clear();
     }
@@ -142,7 +142,7 @@ void CCalculator::Append(std::string_view text) {
     display.append(text);
     if (display == ".")
         display = "0.";
-    current = parseNumber(display);
+    current = atofValue(display);
     startNew = false;
 }
 
@@ -153,7 +153,7 @@ void CCalculator::Backspace() {
     } else {
         display.pop_back();
     }
-    current = parseNumber(display);
+    current = atofValue(display);
 }
 
 void CCalculator::Clear() {

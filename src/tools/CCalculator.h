@@ -60,7 +60,7 @@ class CCalculator {
 
 // The numeric value of a text as atof reads it: the longest leading number
 // after blanks, 0 when there is none. Independent of the process locale.
-double parseNumber(std::string_view text);
+double atofValue(std::string_view text);
 
 // The 32-bit truncation the handheld's processor does: saturating at the
 // range's ends, NaN to 0.

@@ -24,6 +24,11 @@ void MetricConverter::selectCategory(UnitCategory value) {
     fromUnit.reset();
     toUnit.reset();
     result.clear();
+    notConvertible = false;
+}
+
+std::string MetricConverter::displayText() const {
+    return notConvertible ? std::string(cannotConvertText) : engine.DisplayText();
 }
 
 bool MetricConverter::selected(std::optional<int> index) const {
@@ -32,6 +37,7 @@ bool MetricConverter::selected(std::optional<int> index) const {
 
 void MetricConverter::pressKey(int index) {
     result.clear();
+    notConvertible = false;
     if (index == keypadKey::convert)
         convert();
     else
@@ -41,7 +47,7 @@ void MetricConverter::pressKey(int index) {
 ConvertOutcome MetricConverter::convert() {
     if (!selected(fromUnit) || !selected(toUnit))
         return ConvertOutcome::NoSelection;
-    return convertValue(parseNumber(engine.DisplayText()));
+    return convertValue(atofValue(engine.DisplayText()));
 }
 
 ConvertOutcome MetricConverter::convertValue(double value) {
@@ -49,10 +55,12 @@ ConvertOutcome MetricConverter::convertValue(double value) {
         return ConvertOutcome::NoSelection;
     const CTable& units = table();
     if (!units.CanConvert(*fromUnit, *toUnit)) {
-        result = cannotConvertText;
+        result.clear();
+        notConvertible = true;
         return ConvertOutcome::CannotConvert;
     }
     const double converted = units.Convert(float(value), *fromUnit, *toUnit);
+    notConvertible = false;
     result = suffixedValue(converted, units.UnitSuffix(*toUnit));
     engine.SetValue(converted);
     return ConvertOutcome::Converted;

@@ -15,7 +15,7 @@ enum class ConvertOutcome {
     Converted,
 };
 
-// What the result line shows after a pair that cannot be converted.
+// What the display shows after a pair that cannot be converted.
 inline constexpr std::string_view cannotConvertText = "n\\a";
 
 class MetricConverter {
@@ -42,12 +42,12 @@ class MetricConverter {
     // Converts a given value, as the conversion key does with the display's.
     ConvertOutcome convertValue(double value);
 
-    // The calculator's display text: after a pair that cannot be converted
-    // the engine's number is what stays visible.
-    const std::string& displayText() const { return engine.DisplayText(); }
+    // The display's text: "n\a" right after a pair that cannot be converted,
+    // else the calculator's. The calculator keeps its number either way, so
+    // the next key goes on from it.
+    std::string displayText() const;
     // The converted value with the target unit's suffix ("100.0000076 (°C)",
-    // "180 grads"), or "n\a" after a pair that cannot be converted; empty
-    // after any other key. The dialog shows it on its own line under the display.
+    // "180 grads") right after a conversion; empty after any other key.
     const std::string& resultText() const { return result; }
 
     CCalculator& calculator() { return engine; }
@@ -62,6 +62,7 @@ class MetricConverter {
     std::optional<int> fromUnit;
     std::optional<int> toUnit;
     std::string result;
+    bool notConvertible = false;
 };
 
 // The unit-suffixed form of a converted value: seven decimals when it has a

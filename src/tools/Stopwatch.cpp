@@ -62,6 +62,13 @@ std::optional<DisplayPlacement> stopwatchDisplayPlacement(const DeviceProfile& p
     }
     const int spanWidth =
         !profile.highResolution && landscapeOrSquare ? clientWidth - 1 : clientWidth;
+    // The narrowest screen (176 wide) cannot hold the 220-wide display: it
+    // takes the small portrait size the second display uses rather than lose
+    // a digit at each edge.
+    if (width > clientWidth) {
+        width = 154;
+        height = 80;
+    }
     return DisplayPlacement{(spanWidth - width) / 2, (clientHeight - height) / 2, width, height};
 }
 

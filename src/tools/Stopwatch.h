@@ -62,7 +62,8 @@ struct DisplayPlacement {
 
 // Where the display goes in a client area of W x H on the given screen;
 // nothing when it stays where it is (a low-resolution landscape screen with
-// the second display flag set).
+// the second display flag set). A display wider than the area takes the
+// small 154 x 80 size.
 std::optional<DisplayPlacement> stopwatchDisplayPlacement(const DeviceProfile& profile,
                                                           int clientWidth, int clientHeight);
 

@@ -25,11 +25,14 @@
 #include "core/ZoneTime.h"
 #include "support/ShippedFiles.h"
 #include "support/TempDir.h"
+#include "support/TzClock.h"
 
 namespace fs = std::filesystem;
 
 namespace zonara {
 namespace {
+
+using test::TzClock;
 
 fs::path sourceData() {
     return test::sourceDir() / "data";
@@ -61,27 +64,6 @@ std::vector<Row> readTsv(const std::string& name) {
     }
     return rows;
 }
-
-// tzdata's offset from UTC, in seconds, of a zone at an instant.
-class TzClock {
-  public:
-    explicit TzClock(const std::string& zone) {
-        setenv("TZ", (":" + zone).c_str(), 1);
-        tzset();
-    }
-    ~TzClock() {
-        unsetenv("TZ");
-        tzset();
-    }
-    TzClock(const TzClock&) = delete;
-    TzClock& operator=(const TzClock&) = delete;
-
-    long offset(std::time_t t) const {
-        std::tm local{};
-        localtime_r(&t, &local);
-        return local.tm_gmtoff;
-    }
-};
 
 constexpr std::time_t start2026 = 1767225600; // 2026-01-01T00:00:00Z
 constexpr std::time_t start2028 = 1830297600; // 2028-01-01T00:00:00Z

@@ -35,8 +35,8 @@ class FakeTransport final : public WeatherTransport {
     std::map<std::string, std::optional<std::string>> pages; // host → page body
     std::vector<std::string> calls;
 
-    bool ensureConnection() override {
-        calls.push_back("connect");
+    bool ensureConnection(const std::string& host) override {
+        calls.push_back("connect " + host);
         return connects;
     }
     bool open(const std::string& host) override {
@@ -102,20 +102,15 @@ TEST(WeatherWorker, TwoAttemptsOnTheHostsAndWhatEachFailureSays) {
         std::string_view error;
         std::vector<std::string> calls;
     };
-    const std::vector<std::string> firstOnly = {"close", "connect", "open weather1",
+    const std::vector<std::string> firstOnly = {"close", "connect weather1", "open weather1",
                                                 "get weather1" + firstPath, "close"};
     const std::vector<std::string> both = {
-        "close", "connect", "open weather1", "get weather1" + firstPath,
-        "close", "connect", "open weather2", "get weather2" + secondPath,
+        "close", "connect weather1", "open weather1", "get weather1" + firstPath,
+        "close", "connect weather2", "open weather2", "get weather2" + secondPath,
         "close"};
-    const std::vector<std::string> firstClosed = {"close",
-                                                  "connect",
-                                                  "open weather1",
-                                                  "close",
-                                                  "connect",
-                                                  "open weather2",
-                                                  "get weather2" + secondPath,
-                                                  "close"};
+    const std::vector<std::string> firstClosed = {
+        "close",         "connect weather1",          "open weather1", "close", "connect weather2",
+        "open weather2", "get weather2" + secondPath, "close"};
     using K = WeatherOutcome::Kind;
     const Row rows[] = {
         {"first host answers", true, true, good, true, report("1"), K::Stored, "", firstOnly},
@@ -132,7 +127,8 @@ TEST(WeatherWorker, TwoAttemptsOnTheHostsAndWhatEachFailureSays) {
          {},
          K::Failed,
          weather_text::serverError,
-         {"close", "connect", "open weather1", "close", "connect", "open weather2", "close"}},
+         {"close", "connect weather1", "open weather1", "close", "connect weather2",
+          "open weather2", "close"}},
         {"both pages fail", true, true, {}, true, {}, K::Failed, weather_text::noWeather, both},
         {"no root anywhere", true, true, "<rot>", true, "Not Found", K::Failed,
          weather_text::noWeather, both},
@@ -155,8 +151,8 @@ TEST(WeatherWorker, TwoAttemptsOnTheHostsAndWhatEachFailureSays) {
          {},
          K::Failed,
          weather_text::serverError,
-         {"close", "connect", "open weather1", "get weather1" + firstPath, "close", "connect",
-          "open weather2", "close"}},
+         {"close", "connect weather1", "open weather1", "get weather1" + firstPath, "close",
+          "connect weather2", "open weather2", "close"}},
         {"no connection",
          false,
          true,
@@ -165,7 +161,7 @@ TEST(WeatherWorker, TwoAttemptsOnTheHostsAndWhatEachFailureSays) {
          good,
          K::Failed,
          weather_text::unableToConnect,
-         {"close", "connect", "close"}},
+         {"close", "connect weather1", "close"}},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
@@ -204,6 +200,48 @@ TEST(WeatherWorker, TwoAttemptsOnTheHostsAndWhatEachFailureSays) {
         if (row.connects) {
             EXPECT_EQ(texts.at(1), weather_text::connecting);
         }
+    }
+}
+
+TEST(WeatherWorker, AMissingHostIsAnAttemptThatCannotOpen) {
+    struct Row {
+        const char* updatePrimary;
+        const char* updateFallback;
+        WeatherOutcome::Kind kind;
+        std::string_view error;
+        std::vector<std::string> calls;
+    };
+    using K = WeatherOutcome::Kind;
+    const Row rows[] = {
+        {"",
+         "weather1",
+         K::Failed,
+         weather_text::serverError,
+         {"close", "connect weather1", "open weather1", "get weather1" + firstPath, "close",
+          "close"}},
+        {"weather2",
+         "",
+         K::Stored,
+         "",
+         {"close", "close", "connect weather2", "open weather2", "get weather2" + secondPath,
+          "close"}},
+        {"", "", K::Failed, weather_text::unableToConnect, {"close"}},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(std::string(row.updatePrimary) + "/" + row.updateFallback);
+        test::TempDir dir;
+        FakeTransport transport;
+        transport.opens = {{"weather1", true}, {"weather2", true}};
+        transport.pages = {{"weather1", "<html>busy</html>"}, {"weather2", report("50")}};
+        WeatherRun run;
+        run.paths = Paths(dir.path());
+        fs::create_directories(run.paths.dataDir());
+        run.setup = chooseWeatherSetup("hosts", row.updatePrimary, row.updateFallback);
+        run.transport = &transport;
+        const WeatherOutcome outcome = runWeatherUpdate(run, {"London%2C+GB", {}});
+        EXPECT_EQ(outcome.kind, row.kind);
+        EXPECT_EQ(outcome.error, row.error);
+        EXPECT_EQ(transport.calls, row.calls);
     }
 }
 
@@ -312,7 +350,8 @@ TEST(WeatherWorker, DirectModeStoresTheTranslatedReportOrSaysWhyNot) {
         EXPECT_EQ(outcome.kind, row.kind);
         EXPECT_EQ(outcome.error, row.error);
         ASSERT_EQ(upstream.requests.size(), row.requests);
-        EXPECT_EQ(std::count(transport.calls.begin(), transport.calls.end(), "connect"), 1);
+        EXPECT_EQ(std::count(transport.calls.begin(), transport.calls.end(), "connect api.met.no"),
+                  1);
         ASSERT_TRUE(outcome.report.has_value());
         if (row.kind == K::Stored) {
             EXPECT_EQ(outcome.report->heading, "London, United Kingdom");

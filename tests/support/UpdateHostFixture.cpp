@@ -124,9 +124,10 @@ ProgramRun runProgram(const std::vector<std::string>& words) {
 
 UpdateHost::UpdateHost(const std::filesystem::path& dataDir,
                        const std::vector<std::filesystem::path>& extras,
-                       const std::filesystem::path& weatherGateway) {
+                       const std::filesystem::path& weatherGateway,
+                       const std::vector<std::string>& gatewaySettings) {
     if (publish(dataDir, extras)) {
-        start(weatherGateway);
+        start(weatherGateway, gatewaySettings);
     }
 }
 
@@ -153,7 +154,8 @@ bool UpdateHost::publish(const std::filesystem::path& dataDir,
     return true;
 }
 
-bool UpdateHost::start(const std::filesystem::path& weatherGateway) {
+bool UpdateHost::start(const std::filesystem::path& weatherGateway,
+                       const std::vector<std::string>& gatewaySettings) {
     const std::string script = (sourceDir() / "scripts" / "serve-update-host.sh").string();
     const std::string runDir = (dir.path() / "run").string();
     for (int attempt = 0; attempt < 5; ++attempt) {
@@ -163,6 +165,7 @@ bool UpdateHost::start(const std::filesystem::path& weatherGateway) {
         if (!weatherGateway.empty()) {
             words.push_back("ZONARA_WEATHER_GATEWAY=" + weatherGateway.string());
         }
+        words.insert(words.end(), gatewaySettings.begin(), gatewaySettings.end());
         for (const std::string& word :
              {std::string("bash"), script, std::to_string(port_), tree().string()}) {
             words.push_back(word);
@@ -212,6 +215,10 @@ bool UpdateHost::start(const std::filesystem::path& weatherGateway) {
 
 std::string UpdateHost::errorLog() const {
     return readFile(dir.path() / "run" / "error.log");
+}
+
+std::string UpdateHost::accessLog() const {
+    return readFile(dir.path() / "run" / "access.log");
 }
 
 void UpdateHost::stop() {

@@ -25,11 +25,13 @@ ProgramRun runProgram(const std::vector<std::string>& argv);
 class UpdateHost {
   public:
     // Publishes dataDir's world files (and the extra files) and starts the
-    // host, with the weather gateway program when one is named. ok() tells
-    // whether both worked; error() says what did not.
+    // host, with the weather gateway program when one is named, and the
+    // serving script's gateway settings ("ZONARA_METNO_URL=...", ...). ok()
+    // tells whether both worked; error() says what did not.
     explicit UpdateHost(const std::filesystem::path& dataDir,
                         const std::vector<std::filesystem::path>& extras = {},
-                        const std::filesystem::path& weatherGateway = {});
+                        const std::filesystem::path& weatherGateway = {},
+                        const std::vector<std::string>& gatewaySettings = {});
     // Stops nginx and fcgiwrap and removes the tree.
     ~UpdateHost();
     UpdateHost(const UpdateHost&) = delete;
@@ -42,6 +44,8 @@ class UpdateHost {
     std::filesystem::path tree() const { return dir.path() / "tree"; }
     // nginx's error log, for failure messages.
     std::string errorLog() const;
+    // nginx's access log: one line per request it answered.
+    std::string accessLog() const;
     // The stamp the last publishing printed.
     const std::string& stamp() const { return stamp_; }
 
@@ -52,7 +56,8 @@ class UpdateHost {
     void stop();
 
   private:
-    bool start(const std::filesystem::path& weatherGateway);
+    bool start(const std::filesystem::path& weatherGateway,
+               const std::vector<std::string>& gatewaySettings);
 
     TempDir dir;
     std::uint16_t port_ = 0;

@@ -214,7 +214,7 @@ TEST(CCalculatorFormat, ParseNumberReadsLikeAtof) {
         {"1e3", 1000},  {"n\\a", 0},  {"12.50", 12.5}, {"-", 0},       {"5 km", 5}, {"0.0", 0},
     };
     for (const Case& c : cases)
-        EXPECT_EQ(parseNumber(c.text), c.value) << c.text;
+        EXPECT_EQ(atofValue(c.text), c.value) << c.text;
 }
 
 TEST(CCalculatorNames, KeysByFaceOrName) {

@@ -24,9 +24,9 @@ TEST(MetricConverter, ConversionKey) {
         const char* result;
     };
     const Case cases[] = {
-        {UnitCategory::Weight, "5", g, t, ConvertOutcome::CannotConvert, "5", "n\\a"},
-        {UnitCategory::Weight, "2.5", oz, tons, ConvertOutcome::CannotConvert, "2.5", "n\\a"},
-        {UnitCategory::Volume, "7", 1, 2, ConvertOutcome::CannotConvert, "7", "n\\a"}, // cc, m³
+        {UnitCategory::Weight, "5", g, t, ConvertOutcome::CannotConvert, "n\\a", ""},
+        {UnitCategory::Weight, "2.5", oz, tons, ConvertOutcome::CannotConvert, "n\\a", ""},
+        {UnitCategory::Volume, "7", 1, 2, ConvertOutcome::CannotConvert, "n\\a", ""}, // cc, m³
         {UnitCategory::Weight, "3", kg, lb, ConvertOutcome::Converted, "6.61386", "6.6138600 (lb)"},
         {UnitCategory::Weight, "2", kg, g, ConvertOutcome::Converted, "2000", "2000 (g)"},
         {UnitCategory::Weight, "2", tons, tons, ConvertOutcome::Converted, "2", "2 tons"},
@@ -90,14 +90,20 @@ TEST(MetricConverter, SelectionAndFollowingKeys) {
     EXPECT_EQ(converter.displayText(), "44.2");
     EXPECT_EQ(converter.calculator().currentValue(), 44.2);
 
-    // A pair that cannot convert leaves the engine as it was.
+    // A pair that cannot convert shows "n\a" but leaves the engine as it
+    // was: the next key goes on from its number.
     converter.selectCategory(UnitCategory::Volume);
     converter.setFromUnit(2);
     converter.setToUnit(1);
     converter.pressKey(keypadKey::convert);
-    EXPECT_EQ(converter.resultText(), "n\\a");
+    EXPECT_EQ(converter.resultText(), "");
+    EXPECT_EQ(converter.displayText(), "n\\a");
+    EXPECT_EQ(converter.calculator().DisplayText(), "44.2");
+    converter.pressKey(keypadKey::add);
     EXPECT_EQ(converter.displayText(), "44.2");
-    EXPECT_EQ(converter.calculator().currentValue(), 44.2);
+    type(converter, "1");
+    converter.pressKey(keypadKey::equals);
+    EXPECT_EQ(converter.displayText(), "45.2");
 
     // Given values convert the same way, for callers without a pad.
     converter.setToUnit(0);

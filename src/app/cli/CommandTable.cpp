@@ -6,10 +6,29 @@
 
 namespace zonara {
 
-// Each command's row lives in its own file (Cmd*.cpp).
-extern const Command nowCommand, timeCommand, citiesCommand, findCommand, slotCommand,
-    settingsCommand, skinsCommand, sunCommand, moonCommand, renderClockCommand, renderCommand,
-    updateDataCommand, fetchCommand, helpCommand;
+// Each command's row lives in its own file (Cmd*.cpp); one line here each.
+extern const Command nowCommand;
+extern const Command timeCommand;
+extern const Command citiesCommand;
+extern const Command findCommand;
+extern const Command slotCommand;
+extern const Command settingsCommand;
+extern const Command skinsCommand;
+extern const Command sunCommand;
+extern const Command moonCommand;
+extern const Command detailsCommand;
+extern const Command airportsCommand;
+extern const Command renderClockCommand;
+extern const Command renderCommand;
+extern const Command updateDataCommand;
+extern const Command fetchCommand;
+extern const Command calcCommand;
+extern const Command convertCommand;
+extern const Command stopwatchCommand;
+extern const Command ratesCommand;
+extern const Command currencyConversionCommand;
+extern const Command weatherCommand;
+extern const Command helpCommand;
 
 namespace {
 
@@ -36,9 +55,30 @@ constexpr std::string_view generalUsage =
     "Commands:\n";
 
 constexpr std::array commands = {
-    &nowCommand,      &timeCommand,       &citiesCommand, &findCommand, &slotCommand,
-    &settingsCommand, &skinsCommand,      &sunCommand,    &moonCommand, &renderClockCommand,
-    &renderCommand,   &updateDataCommand, &fetchCommand,  &helpCommand,
+    // clang-format off
+    &nowCommand,
+    &timeCommand,
+    &citiesCommand,
+    &findCommand,
+    &slotCommand,
+    &settingsCommand,
+    &skinsCommand,
+    &sunCommand,
+    &moonCommand,
+    &detailsCommand,
+    &airportsCommand,
+    &renderClockCommand,
+    &renderCommand,
+    &updateDataCommand,
+    &fetchCommand,
+    &calcCommand,
+    &convertCommand,
+    &stopwatchCommand,
+    &ratesCommand,
+    &currencyConversionCommand,
+    &weatherCommand,
+    &helpCommand,
+    // clang-format on
 };
 
 } // namespace

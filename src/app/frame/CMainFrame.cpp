@@ -9,10 +9,10 @@
 #include <QTimer>
 #include <QUrl>
 #include <QVBoxLayout>
-#include <map>
 
 #include "app/CBusyWindow.h"
 #include "app/frame/FrameCommands.h"
+#include "app/frame/FrameMenu.h"
 #include "app/frame/FrameViews.h"
 #include "cities/SlotLookup.h"
 #include "clocks/CClockDetails.h"
@@ -22,14 +22,6 @@
 #include "core/WorldFiles.h"
 
 namespace zonara {
-
-namespace {
-
-QString translated(std::string_view text) {
-    return QObject::tr(std::string(text).c_str());
-}
-
-} // namespace
 
 CMainFrame::CMainFrame(const Paths& paths, const ClockSource& clock, const DeviceProfile& profile,
                        Config config, QWidget* parent)
@@ -67,7 +59,7 @@ CMainFrame::CMainFrame(const Paths& paths, const ClockSource& clock, const Devic
     layout->setSizeConstraint(QLayout::SetFixedSize);
 
     connect(bar->leftButton(), &QPushButton::clicked, this, [this] { onCommand(cmd::SelectCity); });
-    buildMenu();
+    buildFrameMenu(bar->menu(), [this](int id) { onCommand(id); });
     setFocusPolicy(Qt::StrongFocus);
     QTimer::singleShot(0, this, &CMainFrame::deferredStart);
 }
@@ -78,51 +70,12 @@ CClockDetails* CMainFrame::fullClock() const {
     return static_cast<CClockDetails*>(views.at(fullClockView));
 }
 
-void CMainFrame::buildMenu() {
-    std::map<MenuPopup, QMenu*> popups;
-    for (const FrameCommand& row : frameCommands()) {
-        if (row.item == MenuItem::NoItem)
-            continue;
-        if (row.separatorBefore)
-            bar->menu()->addSeparator();
-        QMenu* into = bar->menu();
-        if (row.popup != MenuPopup::None) {
-            QMenu*& popup = popups[row.popup];
-            if (popup == nullptr)
-                popup = bar->menu()->addMenu(translated(popupTitle(row.popup)));
-            into = popup;
-        }
-        QAction* item = into->addAction(translated(row.text));
-        item->setData(row.id);
-        item->setCheckable(row.checkable);
-        const int id = row.id;
-        connect(item, &QAction::triggered, this, [this, id] { onCommand(id); });
-        // The skin setup is never offered in the menu, although its command
-        // stays in the table and still works when it reaches the frame.
-        if (row.item == MenuItem::Removed) {
-            into->removeAction(item);
-            item->deleteLater();
-        }
-    }
-}
-
 QMenu* CMainFrame::menu() const {
     return bar->menu();
 }
 
 QAction* CMainFrame::action(int commandId) const {
-    const std::function<QAction*(const QMenu*)> find = [&](const QMenu* menu) -> QAction* {
-        for (QAction* item : menu->actions()) {
-            if (item->menu() != nullptr) {
-                if (QAction* inner = find(item->menu()))
-                    return inner;
-            } else if (!item->isSeparator() && item->data().toInt() == commandId) {
-                return item;
-            }
-        }
-        return nullptr;
-    };
-    return find(bar->menu());
+    return findMenuAction(bar->menu(), commandId);
 }
 
 void CMainFrame::deferredStart() {

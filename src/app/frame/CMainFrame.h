@@ -45,7 +45,6 @@ class CMainFrame : public QWidget {
     void closeEvent(QCloseEvent* event) override;
 
   private:
-    void buildMenu();
     void apply(const FrameResult& result);
     void showView(int number);
     void refreshViews();
