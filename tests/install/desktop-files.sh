@@ -25,7 +25,8 @@ done
 # desktop-file-validate prints hints but exits 0 for them; any line is a fault here.
 report=$(desktop-file-validate "$desktop" 2>&1)
 [ $? -eq 0 ] && [ -z "$report" ] || fail "desktop-file-validate: $report"
-report=$(appstreamcli validate --no-net --strict "$metainfo" 2>&1) || fail "appstreamcli validate: $report"
+# validate-tree also finds the menu entry the metadata launches.
+report=$(appstreamcli validate-tree --no-net --strict "$prefix" 2>&1) || fail "appstreamcli validate-tree: $report"
 
 # One key of the [Desktop Entry] group.
 entry() { sed -n "s/^$1=//p" "$desktop" | head -n 1; }
