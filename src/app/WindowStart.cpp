@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <iostream>
 
-#include "app/frame/CMainFrame.h"
 #include "app/SingleInstance.h"
+#include "app/frame/CMainFrame.h"
 #include "core/DeviceProfile.h"
 #include "core/RootFolder.h"
 
@@ -47,7 +47,8 @@ int runWindow(const GlobalOptions& options, int argc, char** argv) {
     }
     const ClockSource clock =
         options.at ? ClockSource::fixedAt(*options.at) : ClockSource::system();
-    CMainFrame frame(Paths(root.root), clock, *profile);
+    const Paths paths(root.root);
+    CMainFrame frame(paths, clock, *profile, loadConfig(paths, std::cerr, "zonara: "));
     instance.onRaiseRequest([&frame] {
         frame.showNormal();
         frame.raise();

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <iterator>
 #include <optional>
+#include <ostream>
 
 namespace zonara {
 
@@ -215,6 +216,14 @@ ConfigRead readConfig(const std::filesystem::path& file) {
 
 std::filesystem::path configFile(const Paths& paths) {
     return paths.root() / "zonara.ini";
+}
+
+Config loadConfig(const Paths& paths, std::ostream& err, std::string_view prefix) {
+    ConfigRead read = readConfig(configFile(paths));
+    for (const std::string& warning : read.warnings) {
+        err << prefix << warning << "\n";
+    }
+    return std::move(read.config);
 }
 
 } // namespace zonara

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
+#include <iosfwd>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -56,5 +57,9 @@ ConfigRead readConfig(const std::filesystem::path& file);
 ConfigRead parseConfig(std::string_view text, std::string_view fileName = "zonara.ini");
 
 std::filesystem::path configFile(const Paths& paths);
+
+// ROOT/zonara.ini as a program reads it at start: each warning printed on
+// err once, after the prefix ("zonara: ").
+Config loadConfig(const Paths& paths, std::ostream& err, std::string_view prefix);
 
 } // namespace zonara

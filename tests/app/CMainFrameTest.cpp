@@ -15,7 +15,10 @@
 #include "clocks/CSkinSetup.h"
 #include "controls/CommandIds.h"
 #include "core/WorldFiles.h"
+#include "net/CUpdateDlg.h"
+#include "support/EventWait.h"
 #include "support/TempDir.h"
+#include "support/UpdateHostFixture.h"
 #include "support/WorldFixture.h"
 
 namespace zonara {
@@ -134,7 +137,7 @@ TEST(CMainFrame, EveryCommandOfTheTableReachesItsHandler) {
         {cmd::Metric, "zonara::CMetricCalc2"},
         {cmd::StopWatch, "zonara::CStopWatch"},
         {cmd::FullClockSkin, "zonara::CSkinSetup"},
-        {cmd::UpdateData, "", "Update Data"},
+        {cmd::UpdateData, "zonara::CUpdateDlg"},
         {cmd::UseTwentyFourHour, "", "", -1, true},
         {cmd::Help, "", "", -1, false, true},
         {cmd::About, "zonara::AboutDialog"},
@@ -231,6 +234,63 @@ TEST(CMainFrame, SelectCityDoneAssignsTheSelectedSlotAndSaves) {
     };
     f.frame->onCommand(cmd::SelectCity);
     EXPECT_EQ(f.frame->settings().slots[1].cityName, u"Sydney");
+}
+
+TEST(CMainFrame, UpdateDataInstallsThenRebuildsAndLooksTheSlotsUpAgainByName) {
+    test::TempDir dir;
+    const Paths paths =
+        test::writeWorld(dir.path(), {{"Australia", {test::sampleCity("Sydney", 255, 2)}},
+                                      {"United Kingdom", {test::sampleCity("London")}}});
+    test::writeRules(paths);
+    Settings saved; // slot 0 London, as by default
+    CityCatalog before(paths);
+    saved.slots[1].Assign(before.countries()[0], before.city({0, 0}));
+    ASSERT_TRUE(saved.Save(paths.dataFile("settings.dat")));
+
+    // The host's world: Australia gone, London with another airport code, and
+    // rule 1 with its summer in the southern months.
+    test::TempDir published;
+    City london = test::sampleCity("London");
+    london.airportCode = "LCY";
+    const Paths served = test::writeWorld(
+        published.path(), {{"Japan", {test::sampleCity("Tokyo")}}, {"United Kingdom", {london}}});
+    test::writeFile(served.dataFile("daylight40.dat"), "LastSunOct 01:00\tLastSunMar 00:59\r\n"
+                                                       "FirstSunOct 02:00\tFirstSunApr 01:59\r\n");
+    test::UpdateHost host(served.dataDir());
+    ASSERT_TRUE(host.ok()) << host.error();
+
+    Config config;
+    config.network.httpPort = host.port();
+    config.update.primary = "127.0.0.1";
+    CMainFrame frame(paths, ClockSource::fixedAt(noon), *deviceProfile(240, 320), config);
+    std::vector<QString> statuses;
+    frame.services.runDialog = [&](QDialog& dialog) {
+        auto& update = dynamic_cast<CUpdateDlg&>(dialog);
+        update.runCommand(cmd::Update);
+        EXPECT_TRUE(test::processEventsUntil([&] { return !update.runShown(); }));
+        statuses.push_back(update.statusText());
+        update.runCommand(cmd::Done);
+        return update.result();
+    };
+    frame.deferredStart();
+    EXPECT_EQ(frame.fullClock()->localTime().hour, 13); // London in summer time
+
+    frame.onCommand(cmd::UpdateData);
+    EXPECT_EQ(statuses, std::vector<QString>{"Finished"});
+    EXPECT_FALSE(dataFilesChanged(paths)); // rebuilt
+    EXPECT_EQ(frame.settings().slots[0].airportCode, u"LCY");
+    EXPECT_EQ(frame.settings().slots[1].cityName, u"Sydney"); // gone: kept as it was
+    EXPECT_EQ(frame.settings().slots[1].timeZoneIndex, 255);
+    EXPECT_EQ(frame.fullClock()->localTime().hour, 12); // the new rule 1 is read
+    Settings reread;
+    ASSERT_TRUE(reread.Load(paths.dataFile("settings.dat")));
+    EXPECT_EQ(reread.slots[0].airportCode, u"LCY");
+
+    // Nothing new the second time: nothing rebuilt, nothing saved.
+    std::filesystem::remove(paths.dataFile("settings.dat"));
+    frame.onCommand(cmd::UpdateData);
+    EXPECT_EQ(statuses, (std::vector<QString>{"Finished", "No new data"}));
+    EXPECT_FALSE(std::filesystem::exists(paths.dataFile("settings.dat")));
 }
 
 } // namespace zonara

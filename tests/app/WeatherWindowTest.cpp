@@ -15,6 +15,7 @@
 #include "core/SystemTime.h"
 #include "core/Text.h"
 #include "net/CWeatherDlg.h"
+#include "net/Config.h"
 #include "support/LocalHttpServer.h"
 #include "support/TempDir.h"
 #include "support/WorldFixture.h"
@@ -45,9 +46,10 @@ struct WeatherFrame {
         settings.weatherCity = u"Sydney";
         settings.weatherCountry = u"Australia";
         settings.Save(paths.dataFile("settings.dat"));
+        // zonara.ini as the window's start reads it.
         frame = std::make_unique<CMainFrame>(
             paths, ClockSource::fixedAt(*parseIsoUtc("2026-07-01T12:00:00Z")),
-            *deviceProfile(240, 320));
+            *deviceProfile(240, 320), readConfig(configFile(paths)).config);
         frame->services.tellUser = [this](const QString& title, const QString& text) {
             told.push_back(title + ": " + text);
         };

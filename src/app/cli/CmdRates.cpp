@@ -20,11 +20,7 @@ namespace {
 // Refreshes the stored list, each status text on its own line: on stdout for
 // people, on stderr when stdout is a table for scripts.
 Outcome refresh(CommandContext& ctx) {
-    const ConfigRead read = readConfig(configFile(ctx.paths));
-    for (const std::string& warning : read.warnings) {
-        ctx.warn(warning);
-    }
-    CurrencyRefreshSetup setup = currencyRefreshSetup(ctx.paths, read.config, ctx.clock);
+    CurrencyRefreshSetup setup = currencyRefreshSetup(ctx.paths, ctx.config(), ctx.clock);
     std::ostream& said = ctx.tsv() ? ctx.err : ctx.out;
     setup.showStatus = [&said](CurrencyStatus, const std::string& text) {
         said << text << "\n" << std::flush;

@@ -56,10 +56,7 @@ void printForecast(const WeatherReport& report, std::ostream& out, bool tsv) {
 
 // One update for the slot's city, with progress on stderr at a terminal.
 WeatherOutcome refresh(CommandContext& ctx, Settings& settings, std::size_t slot) {
-    const ConfigRead config = readConfig(configFile(ctx.paths));
-    for (const std::string& warning : config.warnings)
-        ctx.warn(warning);
-    const WeatherService service = weatherServiceFor(ctx.paths, ctx.clock, config.config);
+    const WeatherService service = weatherServiceFor(ctx.paths, ctx.clock, ctx.config());
     const WeatherJob job = weatherJobFor(settings.slots[slot], ctx.world().rules());
     const WeatherStatus status = [&ctx](std::string_view text) {
         if (ctx.outIsTerminal)

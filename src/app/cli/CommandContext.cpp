@@ -61,4 +61,11 @@ WorldAccess& CommandContext::world() {
     return *worldAccess;
 }
 
+const Config& CommandContext::config() {
+    if (!configRead) {
+        configRead = loadConfig(paths, err, "zonara " + std::string(command.name) + ": ");
+    }
+    return *configRead;
+}
+
 } // namespace zonara

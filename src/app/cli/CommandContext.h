@@ -14,6 +14,7 @@
 #include "core/DeviceProfile.h"
 #include "core/Paths.h"
 #include "core/Settings.h"
+#include "net/Config.h"
 
 namespace zonara {
 
@@ -60,9 +61,14 @@ class CommandContext {
     // (saying so on stderr, as the window's busy window does).
     WorldAccess& world();
 
+    // ROOT/zonara.ini, read on first use only; a malformed value is reported
+    // then, once, and its default used.
+    const Config& config();
+
   private:
     const Command& command;
     std::optional<WorldAccess> worldAccess;
+    std::optional<Config> configRead;
 };
 
 } // namespace zonara

@@ -20,6 +20,8 @@ extern const Command detailsCommand;
 extern const Command airportsCommand;
 extern const Command renderClockCommand;
 extern const Command renderCommand;
+extern const Command updateDataCommand;
+extern const Command fetchCommand;
 extern const Command calcCommand;
 extern const Command convertCommand;
 extern const Command stopwatchCommand;
@@ -67,6 +69,8 @@ constexpr std::array commands = {
     &airportsCommand,
     &renderClockCommand,
     &renderCommand,
+    &updateDataCommand,
+    &fetchCommand,
     &calcCommand,
     &convertCommand,
     &stopwatchCommand,

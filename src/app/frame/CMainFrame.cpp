@@ -14,6 +14,7 @@
 #include "app/frame/FrameCommands.h"
 #include "app/frame/FrameMenu.h"
 #include "app/frame/FrameViews.h"
+#include "cities/SlotLookup.h"
 #include "clocks/CClockDetails.h"
 #include "controls/CommandIds.h"
 #include "controls/SoftKeyBar.h"
@@ -23,9 +24,10 @@
 namespace zonara {
 
 CMainFrame::CMainFrame(const Paths& paths, const ClockSource& clock, const DeviceProfile& profile,
-                       QWidget* parent)
-    : QWidget(parent), paths(paths), clock(clock), profile(profile), catalog(paths),
-      stack(new QStackedWidget(this)), bar(new SoftKeyBar(tr("Select City"), this)) {
+                       Config config, QWidget* parent)
+    : QWidget(parent), paths(paths), clock(clock), profile(profile), config(std::move(config)),
+      catalog(paths), stack(new QStackedWidget(this)),
+      bar(new SoftKeyBar(tr("Select City"), this)) {
     setWindowTitle(QStringLiteral("Zonara"));
     setObjectName(QStringLiteral("Zonara"));
     services.runDialog = [](QDialog& dialog) { return dialog.exec(); };
@@ -95,7 +97,7 @@ void CMainFrame::onCommand(int id) {
     const FrameCommand* command = findFrameCommand(id);
     if (command == nullptr || command->handler == nullptr)
         return;
-    FrameContext ctx{paths, clock, profile, current, rules, catalog, services, this, id};
+    FrameContext ctx{paths, clock, profile, current, rules, catalog, services, this, id, config};
     apply(command->handler(ctx));
 }
 
@@ -128,22 +130,18 @@ void CMainFrame::apply(const FrameResult& result) {
     refreshViews();
 }
 
-// After new world files were installed: rebuild under the busy window, read
-// the rules again and look the four slots up again by country and city name.
+// After new world files were installed: rebuild under the busy window when
+// the files differ from their recorded times, forget what was read, look the
+// four slots up again by country and city name, and read the rules again.
 void CMainFrame::reloadWorld() {
-    {
+    if (dataFilesChanged(paths)) {
         CBusyWindow busy(this);
         CountryList list;
         rebuildDataFiles(paths, list);
     }
     catalog.reload();
+    lookUpSlotsAgain(catalog, current.slots);
     loadDstRules(paths, rules);
-    for (ClockSlot& slot : current.slots) {
-        const auto found = catalog.locate(toUtf8(slot.countryName), toUtf8(slot.cityName));
-        if (found && found->city)
-            slot.Assign(catalog.countries()[found->country],
-                        catalog.city(CityHit{found->country, *found->city}));
-    }
 }
 
 void CMainFrame::showView(int number) {

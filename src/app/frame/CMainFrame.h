@@ -21,8 +21,9 @@ class SoftKeyBar;
 class CMainFrame : public QWidget {
     Q_OBJECT
   public:
+    // config is zonara.ini as the start read it; its defaults when not given.
     CMainFrame(const Paths& paths, const ClockSource& clock, const DeviceProfile& profile,
-               QWidget* parent = nullptr);
+               Config config = {}, QWidget* parent = nullptr);
     ~CMainFrame() override;
 
     // Runs one command id through the command table; unknown ids do nothing.
@@ -52,6 +53,7 @@ class CMainFrame : public QWidget {
     Paths paths;
     ClockSource clock;
     DeviceProfile profile;
+    Config config;
     Settings current;
     DstRuleList rules;
     CityCatalog catalog; // countries loaded once, cities on first use

@@ -10,6 +10,7 @@
 #include "core/DstRule.h"
 #include "core/Paths.h"
 #include "core/Settings.h"
+#include "net/Config.h"
 
 class QDialog;
 class QString;
@@ -33,8 +34,9 @@ struct FrameContext {
     const DstRuleList& rules;
     CityCatalog& catalog;
     FrameServices& services;
-    QWidget* window; // the parent of every dialog
-    int command;     // the id being run
+    QWidget* window;      // the parent of every dialog
+    int command;          // the id being run
+    const Config& config; // zonara.ini, read once at start
 
     // The selected slot, kept inside 0..3 whatever the settings file held.
     std::size_t slot() const {

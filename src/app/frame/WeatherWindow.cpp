@@ -1,25 +1,9 @@
 #include "app/frame/WeatherWindow.h"
 
-#include <cstdio>
-
 #include "net/CWeatherDlg.h"
-#include "net/Config.h"
 #include "net/WeatherSettings.h"
 
 namespace zonara {
-
-namespace {
-
-// zonara.ini as it stands when the window opens; what it gets wrong is said
-// on stderr and the default used.
-Config readSettings(const FrameContext& ctx) {
-    ConfigRead read = readConfig(configFile(ctx.paths));
-    for (const std::string& warning : read.warnings)
-        std::fprintf(stderr, "zonara: %s\n", warning.c_str());
-    return read.config;
-}
-
-} // namespace
 
 FrameResult runWeatherWindow(FrameContext& ctx, bool updateFirst) {
     const ClockSlot slot = weatherSlotOf(ctx.settings);
@@ -28,7 +12,7 @@ FrameResult runWeatherWindow(FrameContext& ctx, bool updateFirst) {
     CWeatherDlg dialog(
         ctx.paths, ctx.profile, weatherUnitsOf(ctx.settings),
         QString::fromStdString(storedWeatherLocation(ctx.settings)), location,
-        weatherUpdater(weatherServiceFor(ctx.paths, ctx.clock, readSettings(ctx)), std::move(job)),
+        weatherUpdater(weatherServiceFor(ctx.paths, ctx.clock, ctx.config), std::move(job)),
         ctx.window);
     dialog.tellUser = ctx.services.tellUser;
     dialog.updateWhenShown(updateFirst);
