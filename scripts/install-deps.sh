@@ -10,6 +10,7 @@ packages=(
     nginx-light fcgiwrap
     libgtest-dev libbenchmark-dev
     fonts-dejavu-core tzdata
+    desktop-file-utils appstream  # the install test validates the menu entry and metadata
 )
 
 missing=()

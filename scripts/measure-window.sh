@@ -5,6 +5,9 @@
 #
 #   scripts/measure-window.sh BUILD_DIR OUT_DIR [SECONDS] [PROFILE...]
 #
+# ZONARA_VIEW=1 (the globe) or 2 (the multi-clock page) starts on that view instead of
+# the full clock; the screenshots are then named after it.
+#
 # Needs xvfb, xdotool and imagemagick (Debian packages); development use only.
 set -euo pipefail
 
@@ -13,22 +16,33 @@ out=${2:?folder for screenshots}
 seconds=${3:-60}
 shift $(( $# < 3 ? $# : 3 ))
 profiles=("$@")
+view=${ZONARA_VIEW:-0}
+case $view in
+    0) name=window ;;
+    1) name=globe ;;
+    2) name=multi ;;
+    *) echo "ZONARA_VIEW is 0, 1 or 2" >&2; exit 2 ;;
+esac
 [ ${#profiles[@]} -gt 0 ] || profiles=(480x640 240x320 176x220 640x480 320x240)
 
 zonara="$build/bin/zonara"
 mkdir -p "$out"
-display=:$(( 90 + RANDOM % 9 ))
-Xvfb "$display" -screen 0 1280x1024x24 >/dev/null 2>&1 &
+# Xvfb picks a free display itself and writes its number, so runs side by side never meet.
+numberfile=$(mktemp)
+Xvfb -displayfd 3 -screen 0 1280x1024x24 3>"$numberfile" >/dev/null 2>&1 &
 xvfb=$!
-trap 'kill $xvfb 2>/dev/null' EXIT
-sleep 1
-export DISPLAY=$display
+trap 'kill $xvfb 2>/dev/null; rm -f "$numberfile"' EXIT
+for _ in $(seq 100); do [ -s "$numberfile" ] && break; sleep 0.05; done
+export DISPLAY=:$(cat "$numberfile")
 
 ticks=$(getconf CLK_TCK)
 for profile in "${profiles[@]}"; do
     root=$(mktemp -d)
     cp -r "$build/bin/Data" "$build/bin/Graphics" "$root/"
     rm -f "$root/Data/tstamp.dat" # the first start prepares the data, as a fresh install does
+    if [ "$view" != 0 ]; then
+        "$zonara" --root "$root" settings --set "currentView=$view" >/dev/null
+    fi
     start=$(date +%s%N)
     "$zonara" --root "$root" --screen "$profile" &
     pid=$!
@@ -44,7 +58,7 @@ for profile in "${profiles[@]}"; do
     mapped=$(date +%s%N)
     sleep 1
     window=$(xdotool search --onlyvisible --name '^Zonara$' | head -n 1)
-    import -window "$window" "$out/window-$profile.png"
+    import -window "$window" "$out/$name-$profile.png"
     read -r -a stat < "/proc/$pid/stat"
     before=$(( stat[13] + stat[14] ))
     sleep "$seconds"

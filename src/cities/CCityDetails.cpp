@@ -99,8 +99,8 @@ void CCityDetails::layOut() {
     countryLabel->setFont(themeFont(dpi, tall ? 10 : 9));
 
     const DetailsGeometry g = detailsGeometry(arranged, area.width(), area.height(), dpi);
-    const auto place = [](QWidget* widget, const DetailsBox& box) {
-        widget->setGeometry(box.x, box.y, box.width, box.height);
+    const auto place = [](QWidget* widget, const PixelRect& box) {
+        widget->setGeometry(box.left, box.top, box.width(), box.height());
     };
     place(cityLabel, g.cityLine);
     place(countryLabel, g.countryLine);

@@ -13,14 +13,14 @@ DetailsGeometry detailsGeometry(DetailsArrangement arrangement, int width, int h
     const auto scaled = [dpi](int pixels) { return pixels * std::max(dpi, 96) / 96; };
     const int step = scaled(arrangement == DetailsArrangement::Tall ? 35 : 25);
     const int margin = scaled(2);
-    const int lineWidth = std::max(0, width - 2 * margin);
+    const int lineRight = std::max(margin, width - margin);
 
     DetailsGeometry g;
-    g.cityLine = {margin, margin, lineWidth, step};
-    g.countryLine = {margin, margin + step, lineWidth, step};
+    g.cityLine = {margin, margin, lineRight, margin + step};
+    g.countryLine = {margin, margin + step, lineRight, margin + 2 * step};
     const int listTop = std::min(height, margin + 2 * step);
-    g.list = {0, listTop, std::max(0, width - 1), height - listTop};
-    g.labelColumn = g.list.width / 2;
+    g.list = {0, listTop, std::max(0, width - 1), std::max(listTop, height)};
+    g.labelColumn = g.list.width() / 2;
     return g;
 }
 

@@ -13,14 +13,11 @@
 #include "clocks/FullClockTexts.h"
 #include "clocks/SkinFiles.h"
 #include "controls/QImageSurface.h"
+#include "controls/SecondTick.h"
 
 namespace zonara {
 
 namespace {
-
-// A tick lands this long after the second turns, so that a timer that fires
-// a little early still reads the new second.
-constexpr int tickLateness = 4;
 
 QRect toQRect(const SkinRect& r) {
     return QRect(r.left, r.top, r.right - r.left, r.bottom - r.top);
@@ -199,9 +196,7 @@ void CClockDetails::tick() {
 }
 
 void CClockDetails::scheduleTick() {
-    // A fixed clock never turns a second; it is looked at once a second all
-    // the same, as the one-second timer did.
-    tickDelay = clock.isFixed() ? 1000 : 1000 - clock.utcNow().milliseconds + tickLateness;
+    tickDelay = nextTickDelayMs(clock);
     if (isVisible() || !testAttribute(Qt::WA_WState_ExplicitShowHide))
         timer.start(tickDelay);
 }

@@ -39,6 +39,10 @@ CDialogFrame::CDialogFrame(const DeviceProfile& profile, const QString& title, Q
     setFont(themeFont(profile.dpi));
     setStyleSheet(dialogStyleSheet(profile.dpi));
     bar->setDpi(profile.dpi);
+    // The bar keeps the height it has with its keys when they are hidden, so
+    // the content keeps the profile's height.
+    const int barHeight = bar->sizeHint().height();
+    bar->setMinimumHeight(barHeight);
     bar->leftButton()->hide();
     // A dialog without menu commands shows no "Menu" key.
     bar->menuButton()->hide();
@@ -66,10 +70,11 @@ CDialogFrame::CDialogFrame(const DeviceProfile& profile, const QString& title, Q
     layout->addLayout(statusRow);
     layout->addWidget(bar);
 
-    if (parent != nullptr)
+    if (parent != nullptr) {
         setGeometry(parent->window()->geometry());
-    else
-        resize(profile.width, profile.height + bar->sizeHint().height());
+    } else {
+        resize(profile.width, profile.height + barHeight);
+    }
 }
 
 void CDialogFrame::setLeftKey(const QString& text, int commandId) {

@@ -169,13 +169,22 @@ TEST_F(CmdRenderTest, RefusesWhatItCannotDraw) {
         const char* message;
     };
     const Case cases[] = {
-        {{"render", "sundial", "--out", o}, "say what to draw first: full"},
+        {{"render", "sundial", "--out", o}, "say what to draw first: full, globe, multi"},
         {{"render", "--out", o, "full"}, "say what to draw first"},
         {{"render", "full"}, "--out FILE is required"},
         {{"render", "full", "--out", o, "--slot", "4"}, "--slot"},
         {{"render", "full", "--out", o, "--screen", "300x300"}, "300x300"},
         {{"render", "full", "--out", o, "--skin", "nosuch"}, "nosuch"},
         {{"render", "full", "--out", o, "--frame"}, "--frame"},
+        {{"render", "globe"}, "--out FILE is required"},
+        {{"render", "globe", "--out", o, "--scroll", "-1"}, "--scroll wants a map column"},
+        {{"render", "globe", "--out", o, "--scroll", "x"}, "not 'x'"},
+        {{"render", "globe", "--out", o, "--slot", "4"}, "--slot"},
+        {{"render", "globe", "--out", o, "--skin", "default"}, "--skin"},
+        {{"render", "globe", "--out", o}, "no map picture at"}, // this root has none
+        {{"render", "multi", "--out", o, "--slot", "1"}, "--slot"},
+        {{"render", "multi", "--out", o, "--screen", "300x300"}, "300x300"},
+        {{"render", "multi"}, "--out FILE is required"},
         {{"render-clock", "digital", "--out", o, "--skin", "absent"},
          "no scheme for skin 'absent'"},
         {{"render-clock", "digital", "--out", o, "--skin", "bare"}, "dig_clock/@state"},

@@ -137,36 +137,16 @@ TEST(CmdWeather, RefreshFetchesForTheSlotOrPrintsTheLastReportAndTheError) {
         const char16_t* savedCity;
         const char* asked; // the key the host was asked for, if it was
     };
+    const char* osloLine = "City        Oslo, Norway";
+    const char* londonLine = "City        London, United Kingdom";
+    // clang-format off
     const Row rows[] = {
-        {"selected slot", true, "", {}, 0, "City        Oslo, Norway", "", u"Oslo", "Oslo%2C+NO"},
-        {"slot 0",
-         true,
-         "",
-         {"--slot", "0"},
-         0,
-         "City        Oslo, Norway",
-         "",
-         u"London",
-         "London%2C+GB"},
-        {"no report",
-         false,
-         "",
-         {},
-         1,
-         "City        London, United Kingdom",
-         "zonara weather: No weather available for city\n",
-         u"",
-         "Oslo%2C+NO"},
-        {"offline",
-         true,
-         "offline=true\n",
-         {},
-         1,
-         "City        London, United Kingdom",
-         "zonara weather: Unable to Connect\n",
-         u"",
-         ""},
+        {"selected slot", true,  "",              {},              0, osloLine,   "",                                                u"Oslo",   "Oslo%2C+NO"},
+        {"slot 0",        true,  "",              {"--slot", "0"}, 0, osloLine,   "",                                                u"London", "London%2C+GB"},
+        {"no report",     false, "",              {},              1, londonLine, "zonara weather: No weather available for city\n", u"",       "Oslo%2C+NO"},
+        {"offline",       true,  "offline=true\n", {},              1, londonLine, "zonara weather: Unable to Connect\n",             u"",       ""},
     };
+    // clang-format on
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
         WeatherRoot w;
@@ -182,7 +162,7 @@ TEST(CmdWeather, RefreshFetchesForTheSlotOrPrintsTheLastReportAndTheError) {
         std::vector<std::string> words = {"--root", w.root, "weather", "--refresh"};
         words.insert(words.end(), row.words.begin(), row.words.end());
         const auto r = runZonara(words);
-        EXPECT_EQ(r.exitCode, row.exitCode);
+        EXPECT_EQ(r.exitCode, row.exitCode) << r.err;
         EXPECT_EQ(r.out.substr(0, r.out.find('\n')), row.firstLine) << r.out;
         // The first use of the world files says that it prepares them; then the error.
         EXPECT_TRUE(r.err.ends_with(row.error)) << r.err;

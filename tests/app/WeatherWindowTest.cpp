@@ -110,32 +110,14 @@ TEST(WeatherWindow, UpdateStoresTheSlotsReportOrTellsOnceWhatFailedAndShowsTheLa
         const char *heading, *status, *temperature;
         const char16_t* savedCity; // the stored report's city in the saved settings
     };
+    const char* sydney = "Sydney, Australia";
+    // clang-format off
     const Row rows[] = {
-        {"the host answers",
-         true,
-         "",
-         {},
-         "London, United Kingdom",
-         "London, United Kingdom",
-         "5 °C",
-         u"London"},
-        {"no report on the host",
-         false,
-         "",
-         {"Zonara: No weather available for city"},
-         "Sydney, Australia",
-         "Sydney, Australia",
-         "10 °C",
-         u"Sydney"},
-        {"offline",
-         true,
-         "offline=true\n",
-         {"Zonara: Unable to Connect"},
-         "Sydney, Australia",
-         "Sydney, Australia",
-         "10 °C",
-         u"Sydney"},
+        {"the host answers",      true,  "",               {},                                         "London, United Kingdom", "London, United Kingdom", "5 °C",  u"London"},
+        {"no report on the host", false, "",               {"Zonara: No weather available for city"}, sydney,                   sydney,                   "10 °C", u"Sydney"},
+        {"offline",               true,  "offline=true\n", {"Zonara: Unable to Connect"},             sydney,                   sydney,                   "10 °C", u"Sydney"},
     };
+    // clang-format on
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
         test::LocalHttpServer host;

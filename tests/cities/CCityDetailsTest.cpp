@@ -210,13 +210,14 @@ TEST(CityDetailsLayout, PlacesTheLinesAndTheListByArrangementAndDpi) {
     };
     using enum DetailsArrangement;
     // clang-format off
+    // Rectangles as left, top, right, bottom (exclusive).
     const Row rows[] = {
-        {Tall, 240, 300, 96, {{2, 2, 236, 35}, {2, 37, 236, 35}, {0, 72, 239, 228}, 119}},
-        {Short, 320, 200, 96, {{2, 2, 316, 25}, {2, 27, 316, 25}, {0, 52, 319, 148}, 159}},
-        {Tall, 480, 600, 192, {{4, 4, 472, 70}, {4, 74, 472, 70}, {0, 144, 479, 456}, 239}},
+        {Tall, 240, 300, 96, {{2, 2, 238, 37}, {2, 37, 238, 72}, {0, 72, 239, 300}, 119}},
+        {Short, 320, 200, 96, {{2, 2, 318, 27}, {2, 27, 318, 52}, {0, 52, 319, 200}, 159}},
+        {Tall, 480, 600, 192, {{4, 4, 476, 74}, {4, 74, 476, 144}, {0, 144, 479, 600}, 239}},
         // An area too low for the list gives it no height rather than a negative one.
-        {Short, 100, 40, 96, {{2, 2, 96, 25}, {2, 27, 96, 25}, {0, 40, 99, 0}, 49}},
-        {Tall, 0, 0, 96, {{2, 2, 0, 35}, {2, 37, 0, 35}, {0, 0, 0, 0}, 0}},
+        {Short, 100, 40, 96, {{2, 2, 98, 27}, {2, 27, 98, 52}, {0, 40, 99, 40}, 49}},
+        {Tall, 0, 0, 96, {{2, 2, 2, 37}, {2, 37, 2, 72}, {0, 0, 0, 0}, 0}},
     };
     // clang-format on
     for (const Row& row : rows) {

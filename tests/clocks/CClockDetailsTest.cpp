@@ -10,11 +10,13 @@
 #include "clocks/CDigitalClock.h"
 #include "clocks/FullClockTexts.h"
 #include "controls/QImageSurface.h"
+#include "support/PixelCount.h"
 #include "support/TempDir.h"
 
 namespace zonara {
 namespace {
 
+using test::countPixels;
 using test::TempDir;
 using test::writeFile;
 
@@ -84,14 +86,6 @@ class CClockDetailsTest : public ::testing::Test {
         return v;
     }
 
-    static int count(const QImage& image, const QRect& box, QRgb colour) {
-        int n = 0;
-        for (int y = box.top(); y <= box.bottom(); ++y)
-            for (int x = box.left(); x <= box.right(); ++x)
-                n += image.pixel(x, y) == colour;
-        return n;
-    }
-
     TempDir root;
     Paths paths{root.path()};
     DstRuleList rules{{"LastSunMar 01:00", "LastSunOct 00:59"}};
@@ -122,16 +116,16 @@ TEST_F(CClockDetailsTest, FieldsShowTheirTextsInTheirColoursOverTheBackground) {
         // Colours pass on from field to field: country and city white, time to
         // sunset yellow, ampm and inettime green.
         const QRgb ink = slot >= AmPmSlot ? green : slot <= CitySlot ? white : yellow;
-        EXPECT_GT(count(image, box, ink), 20);
+        EXPECT_GT(countPixels(image, box, ink), 20);
         // The rest of the box is background or the anti-aliased edge between.
-        EXPECT_GT(count(image, box, backColour), box.width() * box.height() / 3);
+        EXPECT_GT(countPixels(image, box, backColour), box.width() * box.height() / 3);
     }
     // Centred, left and right alignment put the ink where the flags say.
     const auto inkColumns = [&](std::size_t slot, QRgb ink) {
         const SkinRect& r = fields[slot].rect;
         int first = r.right, last = r.left;
         for (int x = r.left; x < r.right; ++x)
-            if (count(image, QRect(x, r.top, 1, r.bottom - r.top), ink) > 0)
+            if (countPixels(image, QRect(x, r.top, 1, r.bottom - r.top), ink) > 0)
                 first = std::min(first, x), last = std::max(last, x);
         return std::pair(first - r.left, r.right - 1 - last);
     };
@@ -140,7 +134,7 @@ TEST_F(CClockDetailsTest, FieldsShowTheirTextsInTheirColoursOverTheBackground) {
     EXPECT_LT(inkColumns(TimeSlot, yellow).first, 5);
     EXPECT_LT(inkColumns(DateSlot, yellow).second, 5);
     // Hidden fields leave the background alone.
-    EXPECT_EQ(count(image, QRect(10, 200, 460, 40), backColour), 460 * 40);
+    EXPECT_EQ(countPixels(image, QRect(10, 200, 460, 40), backColour), 460 * 40);
 }
 
 TEST_F(CClockDetailsTest, TwentyFourHourModeNeitherDrawsNorErasesAmPm) {
@@ -148,14 +142,14 @@ TEST_F(CClockDetailsTest, TwentyFourHourModeNeitherDrawsNorErasesAmPm) {
     EXPECT_EQ(v->fields()[TimeSlot].text, "23:30");
     const QRect ampm(400, 560, 70, 40);
     QImage image = v->renderImage();
-    EXPECT_EQ(count(image, ampm, backColour), 70 * 40);
+    EXPECT_EQ(countPixels(image, ampm, backColour), 70 * 40);
     // Back to 12 hours: the field appears; and goes again with a fresh drawing.
     v->setUse24Hour(false);
     image = v->renderImage();
-    EXPECT_GT(count(image, ampm, green), 20);
+    EXPECT_GT(countPixels(image, ampm, green), 20);
     v->setUse24Hour(true);
     image = v->renderImage();
-    EXPECT_EQ(count(image, ampm, backColour), 70 * 40);
+    EXPECT_EQ(countPixels(image, ampm, backColour), 70 * 40);
 }
 
 TEST_F(CClockDetailsTest, DrawsBothClocksAndTheMoonFromTheSkin) {
@@ -180,14 +174,14 @@ TEST_F(CClockDetailsTest, DrawsBothClocksAndTheMoonFromTheSkin) {
     EXPECT_EQ(differences, 0);
     // The digital clock: lit and unlit segments on its own black fill.
     const QRect segments(100, 470, 280, 70);
-    EXPECT_GT(count(image, segments, qRgb(255, 0, 0)), 200);
-    EXPECT_GT(count(image, segments, qRgb(64, 0, 0)), 200);
-    EXPECT_GT(count(image, segments, qRgb(0, 0, 0)), 200);
-    EXPECT_EQ(count(image, segments, backColour), 0);
+    EXPECT_GT(countPixels(image, segments, qRgb(255, 0, 0)), 200);
+    EXPECT_GT(countPixels(image, segments, qRgb(64, 0, 0)), 200);
+    EXPECT_GT(countPixels(image, segments, qRgb(0, 0, 0)), 200);
+    EXPECT_EQ(countPixels(image, segments, backColour), 0);
     // The full moon is cell 4 of the strip, drawn at the skin's place.
     ASSERT_EQ(v->moonPhase(), 4);
-    EXPECT_EQ(count(image, QRect(420, 600, 40, 40), moonCellColour(4)), 40 * 40);
-    EXPECT_EQ(count(image, QRect(410, 600, 60, 40), backColour), 60 * 40 - 40 * 40);
+    EXPECT_EQ(countPixels(image, QRect(420, 600, 40, 40), moonCellColour(4)), 40 * 40);
+    EXPECT_EQ(countPixels(image, QRect(410, 600, 60, 40), backColour), 60 * 40 - 40 * 40);
 }
 
 TEST_F(CClockDetailsTest, ChangedFieldsAreRedrawnOverTheBackground) {
@@ -228,8 +222,8 @@ TEST_F(CClockDetailsTest, WhatTheSkinLacksIsNotDrawn) {
     // The fields after city inherit its "show".
     EXPECT_TRUE(fields[TimeSlot].shown);
     QImage image = v->renderImage();
-    EXPECT_GT(count(image, QRect(0, 0, 480, 40), yellow), 20);
-    EXPECT_EQ(count(image, QRect(0, 300, 480, 340), qRgb(0, 0, 0)), 480 * 340);
+    EXPECT_GT(countPixels(image, QRect(0, 0, 480, 40), yellow), 20);
+    EXPECT_EQ(countPixels(image, QRect(0, 300, 480, 340), qRgb(0, 0, 0)), 480 * 340);
     // The moon phase follows inettime's "show", but without a picture draws nothing.
     EXPECT_EQ(v->moonPhase(), 4);
 
@@ -239,7 +233,7 @@ TEST_F(CClockDetailsTest, WhatTheSkinLacksIsNotDrawn) {
         EXPECT_FALSE(field.shown);
     EXPECT_EQ(v->analogueClock(), nullptr);
     image = v->renderImage();
-    EXPECT_EQ(count(image, image.rect(), qRgb(0, 0, 0)), 480 * 640);
+    EXPECT_EQ(countPixels(image, image.rect(), qRgb(0, 0, 0)), 480 * 640);
 }
 
 TEST_F(CClockDetailsTest, SizeAndFontFollowTheProfile) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/SlotCity.h"
+
 namespace zonara {
 namespace {
 
@@ -16,23 +18,13 @@ SystemTime utcAt(int y, int mo, int d, int h, int mi) {
     return systemTimeFromUnix(unixFromSystemTime(t)); // fills the weekday
 }
 
-ClockSlot city(const char16_t* name, int zone, int rule, float longitude, float latitude) {
-    ClockSlot slot;
-    slot.cityName = name;
-    slot.timeZoneIndex = zone;
-    slot.dstRuleIndex = rule;
-    slot.longitude = longitude;
-    slot.latitude = latitude;
-    return slot;
-}
-
-const ClockSlot london = city(u"London", 85, 1, -0.06f, 51.51f);
-const ClockSlot lisbon = city(u"Lisbon", 85, 1, -9.14f, 38.72f);
-const ClockSlot delhi = city(u"Delhi", 190, 0, 77.21f, 28.61f);
-const ClockSlot kathmandu = city(u"Kathmandu", 193, 0, 85.32f, 27.72f);
-const ClockSlot stJohns = city(u"St. John's", 60, 0, -52.71f, 47.56f);
-const ClockSlot auckland = city(u"Auckland", 290, 2, 174.76f, -36.85f);
-const ClockSlot honolulu = city(u"Honolulu", 2, 0, -157.86f, 21.31f);
+const ClockSlot london = test::slotCity(u"London", 85, 1, -0.06f, 51.51f);
+const ClockSlot lisbon = test::slotCity(u"Lisbon", 85, 1, -9.14f, 38.72f);
+const ClockSlot delhi = test::slotCity(u"Delhi", 190, 0, 77.21f, 28.61f);
+const ClockSlot kathmandu = test::slotCity(u"Kathmandu", 193, 0, 85.32f, 27.72f);
+const ClockSlot stJohns = test::slotCity(u"St. John's", 60, 0, -52.71f, 47.56f);
+const ClockSlot auckland = test::slotCity(u"Auckland", 290, 2, 174.76f, -36.85f);
+const ClockSlot honolulu = test::slotCity(u"Honolulu", 2, 0, -157.86f, 21.31f);
 
 TEST(SmallClock, OffsetAndDayTexts) {
     struct Row {

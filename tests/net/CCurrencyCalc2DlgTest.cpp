@@ -15,6 +15,7 @@
 #include <QThread>
 #include <gtest/gtest.h>
 
+#include "CurrencyTestDocuments.h"
 #include "controls/CKeypad.h"
 #include "controls/CommandIds.h"
 #include "controls/KeypadKeyIndex.h"
@@ -36,24 +37,10 @@ const CurrencyList stored = {u"3/14/2025 9:05 AM",
                                  {u"Yen", u"JPY", 160.5f},
                              }};
 
-const std::string ratesXml = R"(<?xml version="1.0" encoding="UTF-8"?>
-<gesmes:Envelope xmlns:gesmes="http://www.gesmes.org/xml/2002-08-01" xmlns="http://www.ecb.int/vocabulary/2002-08-01/eurofxref">
-	<gesmes:subject>Reference rates</gesmes:subject>
-	<Cube>
-		<Cube time='2025-03-17'>
-			<Cube currency='USD' rate='1.25'/>
-			<Cube currency='CHF' rate='0.96'/>
-		</Cube>
-	</Cube>
-</gesmes:Envelope>
-)";
+const std::string ratesXml = test::ratesDocument("\t\t\t<Cube currency='USD' rate='1.25'/>\n"
+                                                 "\t\t\t<Cube currency='CHF' rate='0.96'/>\n");
 
-const std::string codesXml = R"(<?xml version="1.0" encoding="UTF-8"?>
-<CurrencyCodeList>
-	<Currency><CurrencyCoded>USD</CurrencyCoded><CurrencyName>US Dollar</CurrencyName></Currency>
-	<Currency><CurrencyCoded>CHF</CurrencyCoded><CurrencyName>Swiss Franc</CurrencyName></Currency>
-</CurrencyCodeList>
-)";
+const std::string codesXml = test::codeListDocument({{"USD", "US Dollar"}, {"CHF", "Swiss Franc"}});
 
 // Runs the event loop until `done` holds, within a bounded number of rounds.
 bool waitFor(const std::function<bool()>& done) {

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "CurrencyTestDocuments.h"
 #include "net/CurrencyFiles.h"
 #include "net/CurrencyTransfer.h"
 #include "net/FetchFile.h"
@@ -24,22 +25,7 @@ using test::writeFile;
 constexpr const char* ratesPath = "/stats/eurofxref/eurofxref-daily.xml";
 constexpr const char* codesPath = "/etrades/unedocs/repository/codelists/xml/CurrencyCodeList.xml";
 
-// The central bank's daily file, as it is published.
-std::string ratesDocument(const std::string& cubes) {
-    return R"(<?xml version="1.0" encoding="UTF-8"?>
-<gesmes:Envelope xmlns:gesmes="http://www.gesmes.org/xml/2002-08-01" xmlns="http://www.ecb.int/vocabulary/2002-08-01/eurofxref">
-	<gesmes:subject>Reference rates</gesmes:subject>
-	<gesmes:Sender>
-		<gesmes:name>European Central Bank</gesmes:name>
-	</gesmes:Sender>
-	<Cube>
-		<Cube time='2025-03-17'>
-)" + cubes +
-           R"(		</Cube>
-	</Cube>
-</gesmes:Envelope>
-)";
-}
+using test::ratesDocument;
 
 const std::string bankRates = ratesDocument("\t\t\t<Cube currency='USD' rate='1.0844'/>\n"
                                             "\t\t\t<Cube currency='JPY' rate='160.5'/>\n"
@@ -49,22 +35,8 @@ const std::string copiedRates = ratesDocument("\t\t\t<Cube currency='USD' rate='
                                               "\t\t\t<Cube currency='JPY' rate='150'/>\n");
 
 // The code list's publisher, with a name that the shipped list spells otherwise.
-const std::string publishedCodes = R"(<?xml version="1.0" encoding="UTF-8"?>
-<CurrencyCodeList xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance" xsi:noNamespaceSchemaLocation="CurrencyCodeList.xsd">
-	<Currency>
-		<CurrencyCoded>GBP</CurrencyCoded>
-		<CurrencyName>Pound Sterling</CurrencyName>
-	</Currency>
-	<Currency>
-		<CurrencyCoded>JPY</CurrencyCoded>
-		<CurrencyName>Yen</CurrencyName>
-	</Currency>
-	<Currency>
-		<CurrencyCoded>USD</CurrencyCoded>
-		<CurrencyName>United States Dollar</CurrencyName>
-	</Currency>
-</CurrencyCodeList>
-)";
+const std::string publishedCodes = test::codeListDocument(
+    {{"GBP", "Pound Sterling"}, {"JPY", "Yen"}, {"USD", "United States Dollar"}});
 
 const CurrencyList stored = {u"1/2/2025 10:00 AM",
                              {{u"Euro", u"EUR", -1.0f}, {u"Yen", u"JPY", 158.0f}}};
@@ -260,25 +232,6 @@ TEST(CurrencyRefreshServers, EachDocumentFromTheFirstSourceThatAnswers) {
         // A download that failed leaves no partial file behind.
         EXPECT_FALSE(fs::exists(paths.dataFile("ZNrate.xml.part")));
     }
-}
-
-TEST(CurrencyRefreshServers, OfflineAsksNoServer) {
-    test::LocalHttpServer server;
-    server.route(codesPath, test::reply(200, publishedCodes));
-    Config config;
-    config.network.offline = true;
-    config.network.httpPort = server.port();
-    config.currency.codes = std::string("http://127.0.0.1") + codesPath;
-    config.update.primary = "127.0.0.1";
-    test::TempDir root;
-    const Paths paths(root.path());
-    fs::create_directories(paths.dataDir());
-    CurrencyRefreshSetup setup = currencyRefreshSetup(paths, config, ClockSource::system());
-    std::vector<std::string> statuses;
-    setup.showStatus = [&](CurrencyStatus, const std::string& text) { statuses.push_back(text); };
-    EXPECT_EQ(RefreshRates(setup).result, CurrencyRefreshResult::UnableToConnect);
-    EXPECT_EQ(statuses, (std::vector<std::string>{"Dial Connection", "Unable to Connect"}));
-    EXPECT_TRUE(server.requests().empty());
 }
 
 } // namespace

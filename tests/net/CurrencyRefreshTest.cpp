@@ -13,6 +13,7 @@
 
 #include <gtest/gtest.h>
 
+#include "CurrencyTestDocuments.h"
 #include "net/CurrencyFiles.h"
 #include "net/CurrencyLastUpdate.h"
 #include "support/TempDir.h"
@@ -24,22 +25,7 @@ using test::readFile;
 using test::TempDir;
 using test::writeFile;
 
-// Documents in the shapes the two publishers use, namespaces included.
-std::string ratesDocument(std::string_view cubes) {
-    return std::string(R"(<?xml version="1.0" encoding="UTF-8"?>
-<gesmes:Envelope xmlns:gesmes="http://www.gesmes.org/xml/2002-08-01" xmlns="http://www.ecb.int/vocabulary/2002-08-01/eurofxref">
-	<gesmes:subject>Reference rates</gesmes:subject>
-	<gesmes:Sender>
-		<gesmes:name>European Central Bank</gesmes:name>
-	</gesmes:Sender>
-	<Cube>
-		<Cube time='2025-03-14'>
-)") + std::string(cubes) +
-           R"(		</Cube>
-	</Cube>
-</gesmes:Envelope>
-)";
-}
+using test::ratesDocument;
 
 const std::string goodRates = ratesDocument(R"(			<Cube currency='USD' rate='1.0844'/>
 			<Cube currency='JPY' rate='160.5'/>
@@ -48,30 +34,12 @@ const std::string goodRates = ratesDocument(R"(			<Cube currency='USD' rate='1.0
 			<Cube currency='XYZ' rate='2'/>
 )");
 
-const std::string codeList = R"(<?xml version="1.0" encoding="UTF-8"?>
-<CurrencyCodeList xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance" xsi:noNamespaceSchemaLocation="CurrencyCodeList.xsd">
-	<Currency>
-		<CurrencyCoded>CHF</CurrencyCoded>
-		<CurrencyName>Swiss Franc</CurrencyName>
-	</Currency>
-	<Currency>
-		<CurrencyCoded>EUR</CurrencyCoded>
-		<CurrencyName>Euro</CurrencyName>
-	</Currency>
-	<Currency>
-		<CurrencyCoded>gbp</CurrencyCoded>
-		<CurrencyName>Pound Sterling</CurrencyName>
-	</Currency>
-	<Currency>
-		<CurrencyCoded>JPY</CurrencyCoded>
-		<CurrencyName>Yen</CurrencyName>
-	</Currency>
-	<Currency>
-		<CurrencyCoded>USD</CurrencyCoded>
-		<CurrencyName>US Dollar</CurrencyName>
-	</Currency>
-</CurrencyCodeList>
-)";
+// The lower-case "gbp" names GBP all the same.
+const std::string codeList = test::codeListDocument({{"CHF", "Swiss Franc"},
+                                                     {"EUR", "Euro"},
+                                                     {"gbp", "Pound Sterling"},
+                                                     {"JPY", "Yen"},
+                                                     {"USD", "US Dollar"}});
 
 constexpr std::string_view codesFirst = "http://codes.test/list.xml";
 constexpr std::string_view ratesFirst = "https://rates.test/daily.xml";

@@ -212,21 +212,15 @@ TEST(WeatherWorker, AMissingHostIsAnAttemptThatCannotOpen) {
         std::vector<std::string> calls;
     };
     using K = WeatherOutcome::Kind;
+    // clang-format off
     const Row rows[] = {
-        {"",
-         "weather1",
-         K::Failed,
-         weather_text::serverError,
-         {"close", "connect weather1", "open weather1", "get weather1" + firstPath, "close",
-          "close"}},
-        {"weather2",
-         "",
-         K::Stored,
-         "",
-         {"close", "close", "connect weather2", "open weather2", "get weather2" + secondPath,
-          "close"}},
-        {"", "", K::Failed, weather_text::unableToConnect, {"close"}},
+        {"",         "weather1", K::Failed, weather_text::serverError,
+         {"close", "connect weather1", "open weather1", "get weather1" + firstPath, "close", "close"}},
+        {"weather2", "",         K::Stored, "",
+         {"close", "close", "connect weather2", "open weather2", "get weather2" + secondPath, "close"}},
+        {"",         "",         K::Failed, weather_text::unableToConnect, {"close"}},
     };
+    // clang-format on
     for (const Row& row : rows) {
         SCOPED_TRACE(std::string(row.updatePrimary) + "/" + row.updateFallback);
         test::TempDir dir;

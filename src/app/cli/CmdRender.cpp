@@ -9,6 +9,8 @@
 #include "app/cli/Command.h"
 #include "app/cli/CommandContext.h"
 #include "app/cli/CommonOptions.h"
+#include "app/cli/RenderOutput.h"
+#include "app/cli/RenderViews.h"
 #include "app/cli/TablePrinter.h"
 #include "clocks/CClockDetails.h"
 #include "clocks/SkinFiles.h"
@@ -18,10 +20,6 @@ namespace zonara {
 
 namespace {
 
-std::string screenText(const DeviceProfile& profile) {
-    return std::to_string(profile.width) + "x" + std::to_string(profile.height);
-}
-
 Outcome drawFullClock(CommandContext& ctx, Args& args) {
     const Settings settings = ctx.loadSettings();
     const Expected<std::filesystem::path> out = takeOut(args);
@@ -30,15 +28,9 @@ Outcome drawFullClock(CommandContext& ctx, Args& args) {
     if (Outcome done = expectNoWords(args); !done.ok()) {
         return done;
     }
-    if (!out) {
-        return out.error();
-    }
-    if (!slot) {
-        return slot.error();
-    }
     const Expected<DeviceProfile> profile = ctx.profile();
-    if (!profile) {
-        return profile.error();
+    if (Outcome problem = firstError(out, slot, profile); !problem.ok()) {
+        return problem;
     }
     const std::string skin = skinText ? *skinText : toUtf8(settings.skinFile);
     const std::filesystem::path scheme =
@@ -49,17 +41,16 @@ Outcome drawFullClock(CommandContext& ctx, Args& args) {
     }
 
     OffscreenApp application;
-    if (!application.usable()) {
-        return fail("cannot draw: a non-widget Qt application is running");
+    if (Outcome problem = drawingProblem(application); !problem.ok()) {
+        return problem;
     }
     CClockDetails view(ctx.paths, ctx.clock, *profile);
     view.setRules(&ctx.world().rules());
     view.setUse24Hour(settings.use24Hour != 0);
     view.setCity(settings.slots[*slot]);
     view.applySkin(skin);
-    const QImage image = view.renderImage();
-    if (!image.save(QString::fromStdString(out->string()), "PNG")) {
-        return fail("cannot write " + out->string());
+    if (Outcome saved = savePng(view.renderImage(), *out); !saved.ok()) {
+        return saved;
     }
 
     const ZoneTime& local = view.localTime();
@@ -77,6 +68,8 @@ struct RenderTarget {
 
 constexpr std::array renderTargets = {
     RenderTarget{"full", drawFullClock},
+    RenderTarget{"globe", drawGlobe},
+    RenderTarget{"multi", drawMultiClock},
 };
 
 Outcome runRender(CommandContext& ctx, Args& args) {
@@ -97,13 +90,21 @@ Outcome runRender(CommandContext& ctx, Args& args) {
 
 extern const Command renderCommand{
     .name = "render",
-    .usage = "full --out FILE.png [--screen WxH] [--slot N] [--skin NAME]",
-    .summary = "draw the full clock view into a PNG",
-    .help = "Draws the full clock view offscreen exactly as the window shows it, at the\n"
-            "size of --screen (default 480x640; a known screen), with the skin's scheme\n"
-            "Graphics/NAME_WxH.xml (default: the settings' skin) and the city of clock\n"
-            "slot N (default: the selected slot) at the time of --at (default: now).\n"
-            "Times follow the settings' 24-hour setting.\n",
+    .usage = "full|globe|multi --out FILE.png [--screen WxH] [--slot N] [--skin NAME] "
+             "[--scroll N] [--map]",
+    .summary = "draw the full clock, the globe or the multi-clock page into a PNG",
+    .help = "Draws a view offscreen exactly as the window shows it, at the size of\n"
+            "--screen (default 480x640; a known screen), at the time of --at (default:\n"
+            "now). Times follow the settings' 24-hour setting.\n"
+            "\n"
+            "  full    the full clock with the skin's scheme Graphics/NAME_WxH.xml\n"
+            "          (--skin, default: the settings' skin) and the city of clock slot\n"
+            "          N (--slot, default: the selected slot)\n"
+            "  globe   the day/night map with the four cities' markers and the clock\n"
+            "          strip of slot N (--slot, default: the selected slot), centred on\n"
+            "          that city unless --scroll gives the map column at the left edge;\n"
+            "          with --map only the shaded map at its own size, without markers\n"
+            "  multi   the four clock slots as small clocks, the selected one marked\n",
     .run = runRender,
 };
 

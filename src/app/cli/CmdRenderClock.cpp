@@ -9,6 +9,7 @@
 #include "app/cli/Command.h"
 #include "app/cli/CommandContext.h"
 #include "app/cli/CommonOptions.h"
+#include "app/cli/RenderOutput.h"
 #include "app/cli/TablePrinter.h"
 #include "clocks/CAnalogueClock.h"
 #include "clocks/CDigitalClock.h"
@@ -136,8 +137,8 @@ Outcome runRenderClock(CommandContext& ctx, Args& args) {
     }
 
     OffscreenApp application;
-    if (!application.usable()) {
-        return fail("cannot draw: a non-widget Qt application is running");
+    if (Outcome problem = drawingProblem(application); !problem.ok()) {
+        return problem;
     }
     // The selected slot's local time, as the full clock shows it on this tick.
     const ZoneTime local =
@@ -149,8 +150,8 @@ Outcome runRenderClock(CommandContext& ctx, Args& args) {
     if (!image) {
         return image.error();
     }
-    if (!image->save(QString::fromStdString(out->string()), "PNG")) {
-        return fail("cannot write " + out->string());
+    if (Outcome saved = savePng(*image, *out); !saved.ok()) {
+        return saved;
     }
     ctx.out << words->front() << " clock at " << isoTime(local.hour, local.minute, local.second)
             << " (" << image->width() << "x" << image->height() << ") written to " << out->string()

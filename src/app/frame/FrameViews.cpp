@@ -2,9 +2,10 @@
 
 #include <array>
 
-#include "app/frame/PlaceholderView.h"
 #include "clocks/CClockDetails.h"
+#include "clocks/CMultiClock.h"
 #include "controls/CommandIds.h"
+#include "globe/CGlobe.h"
 
 namespace zonara {
 
@@ -14,12 +15,12 @@ ClockView* makeFullClock(const ViewSetup& setup, QWidget* parent) {
     return new CClockDetails(setup.paths, setup.clock, setup.profile, parent);
 }
 
-ClockView* makeGlobe(const ViewSetup&, QWidget* parent) {
-    return new PlaceholderView(QObject::tr("Globe"), parent);
+ClockView* makeGlobe(const ViewSetup& setup, QWidget* parent) {
+    return new CGlobe(setup, parent);
 }
 
-ClockView* makeMultiClock(const ViewSetup&, QWidget* parent) {
-    return new PlaceholderView(QObject::tr("Multi Clock"), parent);
+ClockView* makeMultiClock(const ViewSetup& setup, QWidget* parent) {
+    return new CMultiClock(setup, parent);
 }
 
 constexpr std::array viewTable = {
