@@ -12,6 +12,7 @@
 #include "app/CommandLine.h"
 #include "support/LocalHttpServer.h"
 #include "support/TempDir.h"
+#include "support/UpdateInstall.h"
 #include "support/WorldFixture.h"
 
 namespace zonara {
@@ -115,8 +116,7 @@ TEST(CommandInterrupt, CtrlCEndsATransferCleanlyAndLeavesTheFilesAsTheyWere) {
               std::string::npos)
         << run.err;
     EXPECT_EQ(readFile(paths.dataFile("city40.dat")), city);
-    for (const auto& entry : fs::directory_iterator(paths.dataDir()))
-        EXPECT_NE(entry.path().extension(), ".tmp") << entry.path();
+    EXPECT_TRUE(test::leftovers(paths).empty());
 }
 
 } // namespace zonara

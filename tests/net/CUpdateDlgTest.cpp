@@ -14,41 +14,21 @@
 #include "support/ShippedFiles.h"
 #include "support/TempDir.h"
 #include "support/UpdateHostFixture.h"
+#include "support/UpdateInstall.h"
 #include "support/WorldFixture.h"
 
 namespace zonara {
 
 namespace fs = std::filesystem;
+using test::installedFiles;
+using test::installSmallWorld;
+using test::leftovers;
 using test::readFile;
 using test::writeFile;
 
 namespace {
 
 const DeviceProfile profile = *deviceProfile(240, 320);
-
-// A small world that differs from everything served here.
-Paths installSmallWorld(const fs::path& root) {
-    const Paths paths = test::writeWorld(
-        root, {{"France", {test::sampleCity("Paris")}}, {"Japan", {test::sampleCity("Tokyo")}}});
-    test::writeRules(paths);
-    writeFile(paths.dataFile("version40.dat"), "old!\r\n");
-    return paths;
-}
-
-std::map<std::string, std::string> installedFiles(const Paths& paths) {
-    std::map<std::string, std::string> files;
-    for (const UpdateFile& file : updateFiles)
-        files[std::string(file.installed)] = readFile(paths.dataFile(file.installed));
-    return files;
-}
-
-std::vector<std::string> temporaries(const Paths& paths) {
-    std::vector<std::string> names;
-    for (const auto& entry : fs::directory_iterator(paths.dataDir()))
-        if (entry.path().extension() == ".tmp")
-            names.push_back(entry.path().filename().string());
-    return names;
-}
 
 Config configFor(std::uint16_t port) {
     Config config;
@@ -116,7 +96,7 @@ TEST(CUpdateDlg, InstallsFromTheUpdateHostThenFindsNoNewData) {
         EXPECT_EQ(readFile(paths.dataFile(file.installed)),
                   readFile(host.tree() / file.serverPath.substr(1)))
             << file.installed;
-    EXPECT_TRUE(temporaries(paths).empty());
+    EXPECT_TRUE(leftovers(paths).empty());
     // The bar ends on the last file, the daylight-saving one, whole.
     const auto last = int(fs::file_size(host.tree() / "zonara" / "daylight40.dat"));
     EXPECT_EQ(dialog.progressBar()->maximum(), last & 0xFFFF);
@@ -204,7 +184,7 @@ TEST(CUpdateDlg, EndingDuringARunStopsItAndLeavesTheInstalledFilesWhole) {
             return dialog.progressBar()->maximum() == 4464 && dialog.progressBar()->value() == 3000;
         }));
         EXPECT_EQ(dialog.statusText().toStdString(), "Download City Data");
-        ASSERT_FALSE(temporaries(paths).empty());
+        ASSERT_FALSE(leftovers(paths).empty());
 
         dialog.runCommand(row.command);
         EXPECT_EQ(dialog.result(), row.result);
@@ -212,7 +192,7 @@ TEST(CUpdateDlg, EndingDuringARunStopsItAndLeavesTheInstalledFilesWhole) {
         EXPECT_FALSE(dialog.iconTimer().isActive());
         EXPECT_FALSE(dialog.dataInstalled());
         EXPECT_EQ(installedFiles(paths), before);
-        EXPECT_TRUE(temporaries(paths).empty());
+        EXPECT_TRUE(leftovers(paths).empty());
     }
 }
 

@@ -13,11 +13,15 @@
 #include "support/ShippedFiles.h"
 #include "support/TempDir.h"
 #include "support/UpdateHostFixture.h"
+#include "support/UpdateInstall.h"
 #include "support/WorldFixture.h"
 
 namespace zonara {
 
 namespace fs = std::filesystem;
+using test::installedFiles;
+using test::installSmallWorld;
+using test::leftovers;
 using test::readFile;
 using test::reply;
 using test::writeFile;
@@ -83,37 +87,6 @@ const std::string countryText = "Download Country Data";
 const std::string dstText = "Download DST Data";
 const std::vector<std::string> installs = {dial,    checking,       cityText,  countryText,
                                            dstText, "Install Data", "Finished"};
-
-// The installed files by name, as bytes.
-std::map<std::string, std::string> installedFiles(const Paths& paths) {
-    std::map<std::string, std::string> files;
-    for (const UpdateFile& file : updateFiles) {
-        files[std::string(file.installed)] = readFile(paths.dataFile(file.installed));
-    }
-    return files;
-}
-
-// What an update may leave in Data/ besides the installed files.
-std::vector<std::string> leftovers(const Paths& paths) {
-    std::vector<std::string> names;
-    for (const auto& entry : fs::directory_iterator(paths.dataDir())) {
-        const std::string name = entry.path().filename().string();
-        if (entry.path().extension() == ".tmp" || name == "update-check") {
-            names.push_back(name);
-        }
-    }
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
-// An installation of a small world that differs from the shipped one.
-Paths installSmallWorld(const fs::path& root) {
-    const Paths paths = test::writeWorld(
-        root, {{"France", {test::sampleCity("Paris")}}, {"Japan", {test::sampleCity("Tokyo")}}});
-    test::writeRules(paths);
-    writeFile(paths.dataFile("version40.dat"), "old!\r\n");
-    return paths;
-}
 
 // The same small world as the fault server hands it out.
 struct ServedWorld {
